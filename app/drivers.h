@@ -1,0 +1,12 @@
+/// The rendering drivers: a header, then every emitter in the one order of `app/order.h`, each exactly once.
+///
+/// All of them render the image behind `gSysConfig` into `Temp_Configuration`; the delta drivers write what differs
+/// from the image behind `gDefConfig`. None fails; whether the text fits is asked of the text buffer.
+#pragma once
+
+void convConfig();          ///< full mode, header of the running and startup configuration
+void convDefConfig();       ///< full mode, header of the default and customer default configuration
+void convHtmlConfig();      ///< full mode, as a page: no version line
+void convDeltaConfig();     ///< delta mode, header of the running and startup configuration
+void convDeltaDefConfig();  ///< delta mode, header of the default and customer default configuration
+void convDeltaHtmlConfig(); ///< delta mode, as a page: no version line

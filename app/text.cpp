@@ -1,0 +1,147 @@
+#include "app/text.h"
+
+#include "platform/board.h"
+#include "platform/mapi.h"
+
+#include <cstdio>
+#include <cstring>
+
+char Temp_Configuration[textBufferSize];
+char LineBuffer[lineBufferSize];
+std::int32_t gCfgDebug;
+
+namespace {
+
+/// The two numbers of the text format. They are constants, not read from anywhere.
+constexpr int formatNumber1 = 5036;
+constexpr int formatNumber2 = 6000;
+
+/// Where the text ends, as far as this file wrote it.
+std::size_t textEnd;
+bool overflowed;
+
+/// Whether the text still ends where this file left it: not cleared, cut short or continued by someone else.
+bool endIsKnown() {
+    return Temp_Configuration[textEnd] == '\0' &&
+           (textEnd == 0 || (Temp_Configuration[0] != '\0' && Temp_Configuration[textEnd - 1] != '\0'));
+}
+
+} // namespace
+
+bool textOverflowed() { return overflowed; }
+
+void clearText() {
+    std::memset(Temp_Configuration, 0, sizeof Temp_Configuration);
+    textEnd = 0;
+    overflowed = false;
+}
+
+void appendBytes(const char *bytes, std::size_t length) {
+    if (overflowed) return;
+    if (!endIsKnown()) textEnd = strnlen(Temp_Configuration, textBufferSize);
+    // One byte is kept for the NUL.
+    if (textEnd >= textBufferSize || length > textBufferSize - 1 - textEnd) {
+        overflowed = true;
+        return;
+    }
+    std::memcpy(Temp_Configuration + textEnd, bytes, length);
+    textEnd += length;
+    Temp_Configuration[textEnd] = '\0';
+}
+
+void LineWriter::put(const char *text, std::size_t length) {
+    if (length > static_cast<std::size_t>(lineEnd() - end_)) {
+        fits_ = false;
+        return;
+    }
+    std::memcpy(end_, text, length);
+    end_ += length;
+}
+
+void LineWriter::putDecimal(std::uint32_t number) {
+    char digits[10];
+    char *first = digits + sizeof digits;
+    do {
+        *--first = static_cast<char>('0' + number % 10);
+        number /= 10;
+    } while (number != 0);
+    put(first, static_cast<std::size_t>(digits + sizeof digits - first));
+}
+
+void LineWriter::finish() {
+    if (fits_) appendBytes(LineBuffer, static_cast<std::size_t>(end_ - LineBuffer));
+    else overflowed = true;
+    LineBuffer[0] = '\0';
+}
+
+void appendFormatted(const char *format, const Argument *arguments) {
+    LineWriter line;
+    const auto putHex = [&line](std::uint32_t number, const char *digits, unsigned atLeast) {
+        unsigned count = atLeast;
+        while (count < 8 && number >> 4 * count != 0) ++count;
+        while (count != 0) line.put(digits[number >> 4 * --count & 0xf]);
+    };
+    for (; *format != '\0'; ++format) {
+        if (*format != '%') {
+            line.put(*format);
+            continue;
+        }
+        const Argument &argument = *arguments++;
+        ++format;
+        const bool twoDigits = *format == '0';
+        if (twoDigits) format += 2;
+        if (*format == 'l') ++format;
+        switch (*format) {
+        case 's': line.put(argument.text, strnlen(argument.text, argument.number)); break;
+        case 'u': line.putDecimal(argument.number); break;
+        case 'X': putHex(argument.number, "0123456789ABCDEF", twoDigits ? 2 : 1); break;
+        case 'x': putHex(argument.number, "0123456789abcdef", 2); break;
+        default: { // d
+            const bool negative = static_cast<std::int32_t>(argument.number) < 0;
+            const std::uint32_t magnitude = negative ? 0U - argument.number : argument.number;
+            if (negative) line.put('-');
+            // A sign takes one of the two places.
+            if (twoDigits && !negative && magnitude < 10) line.put('0');
+            line.putDecimal(magnitude);
+        }
+        }
+    }
+    line.finish();
+}
+
+int APPEND_NL() {
+    append("\n");
+    return 0;
+}
+
+int trace(const char *emitter) {
+    if (gCfgDebug != 0) {
+        std::putchar('[');
+        std::printf("%s", emitter);
+        std::puts("]");
+    }
+    return 0;
+}
+
+void initTempConfig() {
+    const std::int32_t handle = mapi_start_transc();
+    if (handle == MAPI_NO_TRANSACTION) return;
+    const std::int32_t bank = mapi_sys_dualimage_state_get(handle);
+    mapi_end_transc(handle);
+
+    Text<10> version = {};
+    if (bank == 1) version = g_EEPROM.versionOfBank1;
+    if (bank == 2) version = g_EEPROM.versionOfBank2;
+
+    clearText();
+    append("# VERSION %d %d %s MAC %02x:%02x:%02x:%02x:%02x:%02x\n", formatNumber1, formatNumber2, version,
+           g_EEPROM.macAddress);
+    append("configure\n");
+}
+
+void initDefConfig() { initTempConfig(); }
+
+void initHtmlConfig() {
+    clearText();
+    append("configure\n");
+}

@@ -1,0 +1,48 @@
+/// Identity, management services, time, logging, archive and time ranges.
+#pragma once
+
+#include "platform/image.h"
+
+namespace full {
+int convConfigAdvancedfunction();
+int convConfigApplicationfunction();
+int convConfigBackupConfig_BackupConfig_configure_archive();
+int convConfigServiceConfig_mid_sys_remote_access_configure_management();
+int convConfigServiceConfig_mid_sys_online_cfg_configure_management();
+int convConfigConsoleConfig_mid_sys_console_cfg_configure_management(const ConsoleConfig &current);
+int convConfigServiceConfig_mid_sys_service_cfg_configure_management(const ServiceConfig &current);
+int convConfigTimeConfig_mid_sys_time_configure_ntp(const ConfigImage &current, const ConfigImage &defaults);
+int convConfigSIP();
+int convConfigSwitchConfig_SwitchConfig_configure_switch(const SwitchConfig &current);
+int convConfigSwitchConfig_SwitchConfig_configure_switch_statistics_polling(const StatisticsPolling &current);
+int convConfigCompanyInfo_mid_sys_company_info_configure_switch_info(const CompanyInfo &current);
+int convConfigLogConfig_LogConfig_configure_syslog(const LogConfig &current);
+int convConfigterminalConfig_terminalConfig_configure_terminal(const SwitchConfig &current);
+int convConfigTimeRangeConfig_TimeRangeConfig_configure_timerange(const TimeRangeTable &current);
+int convConfigUSBControl_USBControl_configure_usb();
+int convConfigVoice();
+} // namespace full
+
+namespace delta {
+int convConfigBackupConfig_BackupConfig_configure_archive(const BackupConfig &current, const BackupConfig &defaults);
+using full::convConfigServiceConfig_mid_sys_online_cfg_configure_management;    // traces only
+using full::convConfigServiceConfig_mid_sys_remote_access_configure_management; // traces only
+int convConfigConsoleConfig_mid_sys_console_cfg_configure_management(const ConsoleConfig &current,
+                                                                     const ConsoleConfig &defaults);
+int convConfigServiceConfig_mid_sys_service_cfg_configure_management(const ServiceConfig &current,
+                                                                     const ServiceConfig &defaults);
+int convConfigTimeConfig_mid_sys_time_configure_ntp(const ConfigImage &current, const ConfigImage &defaults);
+using full::convConfigSIP; // traces only
+int convConfigSwitchConfig_SwitchConfig_configure_switch(const SwitchConfig &current, const SwitchConfig &defaults);
+int convConfigSwitchConfig_SwitchConfig_configure_switch_statistics_polling(const StatisticsPolling &current,
+                                                                            const StatisticsPolling &defaults);
+int convConfigCompanyInfo_mid_sys_company_info_configure_switch_info(const CompanyInfo &current,
+                                                                     const CompanyInfo &defaults);
+int convConfigLogConfig_LogConfig_configure_syslog(const LogConfig &current, const LogConfig &defaults);
+int convConfigterminalConfig_terminalConfig_configure_terminal(const SwitchConfig &current,
+                                                               const SwitchConfig &defaults);
+int convConfigTimeRangeConfig_TimeRangeConfig_configure_timerange(const TimeRangeTable &current,
+                                                                  const TimeRangeTable &defaults);
+using full::convConfigUSBControl_USBControl_configure_usb; // traces only
+using full::convConfigVoice;                               // traces only
+} // namespace delta
