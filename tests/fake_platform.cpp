@@ -1,0 +1,67 @@
+#include "fake_platform.h"
+
+#include "platform/mapi.h"
+
+#include <cstring>
+
+FakePlatform platform;
+
+namespace {
+
+std::int32_t lastHandle;
+
+/// Records a call; true if it is to fail.
+bool fails(std::string call) {
+    platform.calls.push_back(std::move(call));
+    return static_cast<int>(platform.calls.size()) - 1 == platform.failingCall;
+}
+
+} // namespace
+
+void FakePlatform::reset() {
+    std::memset(static_cast<void *>(images), 0, sizeof images);
+    std::memset(static_cast<void *>(&board), 0, sizeof board);
+    bank = 1;
+    passwordMethod = 0;
+    md5 = nullptr;
+    calls.clear();
+    failingCall = -1;
+    onStart = nullptr;
+    lastHandle = 0;
+}
+
+std::int32_t mapi_start_transc() {
+    if (fails("start")) return MAPI_NO_TRANSACTION;
+    if (platform.onStart) platform.onStart();
+    return ++lastHandle;
+}
+
+std::int32_t mapi_end_transc(std::int32_t handle) { return fails("end " + std::to_string(handle)) ? -1 : 0; }
+
+std::int32_t mapi_sys_eeprom_info_get(std::int32_t handle, void *record) {
+    if (fails("eeprom " + std::to_string(handle))) return 5;
+    std::memcpy(record, &platform.board, sizeof platform.board);
+    return 0;
+}
+
+std::int32_t mapi_sys_config_getconfig(std::int32_t handle, std::int32_t selector, void *image) {
+    if (fails("config " + std::to_string(handle) + " " + std::to_string(selector))) return 5;
+    std::memcpy(image, &platform.images[selector], sizeof platform.images[selector]);
+    return 0;
+}
+
+std::int32_t mapi_sys_dualimage_state_get(std::int32_t handle) {
+    fails("bank " + std::to_string(handle));
+    return platform.bank;
+}
+
+std::int32_t mapi_sys_userauth_method_get(std::int32_t handle) {
+    fails("method " + std::to_string(handle));
+    return platform.passwordMethod;
+}
+
+std::int32_t mapi_sys_userauth_password_md5_get(std::int32_t handle, const char *password, char *md5) {
+    fails("md5 " + std::to_string(handle) + " " + password);
+    if (platform.md5) platform.md5(password, md5);
+    return 0;
+}

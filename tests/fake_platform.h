@@ -1,0 +1,28 @@
+/// A platform for the tests: serves images composed in the test, records every call in order and can fail any of them.
+#pragma once
+
+#include "platform/board.h"
+#include "platform/image.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+struct FakePlatform {
+    ConfigImage images[4]; ///< by selector
+    BoardRecord board;
+    std::int32_t bank;                                        ///< state of the image banks
+    std::int32_t passwordMethod;                              ///< non-zero: MD5
+    std::function<void(const char *password, char *md5)> md5; ///< what the platform makes of a password
+
+    std::vector<std::string>
+        calls;       ///< "start", "eeprom 1", "config 1 0", "bank 2", "end 1", "method -1", "md5 -1 secret"
+    int failingCall; ///< index in `calls` of the call that fails; none if negative
+    std::function<void()> onStart; ///< called at each start of a transaction
+
+    /// As it is before each test: zero images and board, bank 1, passwords in clear, no failure, no calls.
+    void reset();
+};
+
+extern FakePlatform platform;

@@ -1,0 +1,1 @@
+#include "rows.h"

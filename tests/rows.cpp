@@ -1,0 +1,79 @@
+#include "rows.h"
+
+#include "app/drivers.h"
+#include "app/order.h"
+
+#include <cctype>
+#include <cstdio>
+#include <cstring>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+#include <unistd.h>
+
+void resetAll() {
+    std::memset(static_cast<void *>(gSysConfig), 0, sizeof *gSysConfig);
+    std::memset(static_cast<void *>(gDefConfig), 0, sizeof *gDefConfig);
+    std::memset(static_cast<void *>(&g_EEPROM), 0, sizeof g_EEPROM);
+    std::memset(LineBuffer, 0, sizeof LineBuffer);
+    clearText();
+    gCfgDebug = 0;
+    platform.reset();
+}
+
+void callStep(Mode mode, const char *emitter) {
+    for (const order::Step &step : order::steps) {
+        if (step.emitter != emitter) continue;
+        const auto call = mode == Mode::full ? step.full : step.delta;
+        if (call == nullptr) throw std::invalid_argument(std::string("no such step in this mode: ") + emitter);
+        call();
+        return;
+    }
+    throw std::invalid_argument(std::string("no such step: ") + emitter);
+}
+
+std::string renderPage(Mode mode, const std::function<void(ConfigImage &, ConfigImage &)> &given) {
+    resetAll();
+    given(*gSysConfig, *gDefConfig);
+    if (mode == Mode::full) convHtmlConfig();
+    else convDeltaHtmlConfig();
+    return Temp_Configuration;
+}
+
+std::string golden(const std::string &name) {
+    std::ifstream file(std::string(TEXTCFG_GOLDEN) + "/" + name, std::ios::binary);
+    if (!file) throw std::runtime_error("no golden text " + name);
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+std::string printedBy(const std::function<void()> &body) {
+    testing::internal::CaptureStdout();
+    body();
+    std::fflush(stdout);
+    return testing::internal::GetCapturedStdout();
+}
+
+std::string letters(std::size_t width) {
+    std::string text;
+    for (std::size_t i = 0; i < width; ++i) text += static_cast<char>('a' + i % 26);
+    return text;
+}
+
+std::string rowName(const testing::TestParamInfo<Row> &info) {
+    std::string name = info.param.name;
+    for (char &character : name)
+        if (std::isalnum(static_cast<unsigned char>(character)) == 0) character = '_';
+    return name + (info.param.mode == Mode::full ? "_full" : "_delta");
+}
+
+TEST_P(Rows, Renders) {
+    const Row &row = GetParam();
+    resetAll();
+    row.given(*gSysConfig, *gDefConfig);
+    callStep(row.mode, row.emitter);
+    EXPECT_EQ(row.text, Temp_Configuration);
+    EXPECT_EQ('\0', LineBuffer[0]);
+    EXPECT_FALSE(textOverflowed());
+}

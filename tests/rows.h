@@ -1,0 +1,51 @@
+/// Tests are rows: a name, a mode, an emitter, a store and the exact text, compared whole.
+///
+/// The emitter is called as the order table calls it, so that a row also holds the sections that it is handed. The
+/// store is composed on the typed record, on zero images and a zero board.
+#pragma once
+
+#include "app/text.h"
+#include "fake_platform.h"
+#include "platform/board.h"
+#include "platform/image.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+enum class Mode { full, delta };
+
+struct Row {
+    const char *name;
+    Mode mode;
+    const char *emitter;
+    std::function<void(ConfigImage &current, ConfigImage &defaults)> given;
+    std::string text;
+};
+
+/// Zero images, a zero board, an empty text, a platform as it is before each test.
+void resetAll();
+
+/// Calls the emitter's step of the order table in `mode`.
+void callStep(Mode mode, const char *emitter);
+
+/// What the driver of `mode` writes for a store, from "configure" on.
+std::string renderPage(Mode mode, const std::function<void(ConfigImage &, ConfigImage &)> &given);
+
+/// What stands in `name` below tests/golden.
+std::string golden(const std::string &name);
+
+/// What is printed on standard output while `body` runs.
+std::string printedBy(const std::function<void()> &body);
+
+/// A text of `width` characters without terminator: "abc…zabc…".
+std::string letters(std::size_t width);
+
+class Rows : public testing::TestWithParam<Row> {};
+
+std::string rowName(const testing::TestParamInfo<Row> &info);
+
+/// The rows of an area: `ROWS(Layer2, vector of rows)`.
+#define ROWS(area, ...) INSTANTIATE_TEST_SUITE_P(area, Rows, testing::ValuesIn(std::vector<Row> __VA_ARGS__), rowName)
