@@ -39,9 +39,9 @@ says err "script/run: the text is in second.txt"
 [[ $(stat -c '%Y %i %s' "$program" "$root/build/release/.ninja_log") == "$before" ]] || found "the second run built"
 cmp -s first.txt second.txt || found "two runs, two texts"
 
-run 0 -f ignored.txt running_config -F "with a blank.txt"
+run 0 -F "with a blank.txt" running_config
 says err "script/run: the text is in with a blank.txt"
-[[ -s "with a blank.txt" && ! -e ignored.txt ]] || found "the last path does not win"
+[[ -s "with a blank.txt" ]] || found "the path is not passed on as it is"
 run 0 -f -f
 says err "script/run: the text is in -f"
 run 0 running_config -f missing/folder.txt
@@ -53,11 +53,27 @@ grep -qF "textcfg: Invalid option: -x" out || found "the program's message is lo
 run 255
 says err ""
 
-# Without -f the text goes to a fixed place, which may be somebody else's here: only if it is free.
-if [[ ! -e /tmp/config && ! -L /tmp/config ]]; then
-    run 0 running_config
-    says err "script/run: the text is in /tmp/config"
-    cmp -s first.txt /tmp/config || found "the text in /tmp/config is another"
-    rm -f /tmp/config
-fi
+# Which path is named, and which status is passed on, whatever the program: here one that does nothing.
+mkdir -p copy/script copy/build/release
+cp "$root/script/run" copy/script/
+printf '#!/bin/sh\nexit 0\n' | tee copy/script/bootstrap copy/script/build >/dev/null
+# shellcheck disable=SC2016 # expanded when it runs
+printf '#!/bin/sh\nexit "${RESULT:-0}"\n' >copy/build/release/textcfg
+chmod +x copy/script/* copy/build/release/textcfg
+names() {
+    local path=$1
+    shift
+    copy/script/run "$@" >out 2>err </dev/null || found "$*: status $?"
+    [[ $(cat err) == "script/run: the text "*" $path" ]] || found "$*: expected $path to be named; found: $(cat err)"
+}
+names /tmp/config
+names /tmp/config running_config
+names /tmp/config -f ""
+names b.txt -f a.txt running_config -F b.txt
+names -F -f -F
+names x -fanything x
+status=0
+RESULT=7 copy/script/run running_config 2>err || status=$?
+((status == 7)) || found "status $status, not the program's 7"
+says err ""
 conclude
