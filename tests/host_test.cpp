@@ -185,6 +185,14 @@ TEST(UtilPortList, AListOfManyMorePortsIsCutAtAWholePort) {
     Marked<UTIL_PORT_LIST_SIZE> text;
     utilPortBitmap2str(text.text, everySecond.data(), 128, 128);
     EXPECT_EQ(text.written(), "1,3,5,7,9,11,13,15,17,19,21,23,25,27,29,31,33,35,37,39,41,43,45,47,49,51,53,55");
+
+    // The next port would end at the last byte, which is the NUL's.
+    Bitmap<16> pairs = {};
+    for (unsigned bit = 0; bit < 128; ++bit)
+        if (bit % 3 != 2) pairs.set(bit);
+    Marked<UTIL_PORT_LIST_SIZE> full;
+    utilPortBitmap2str(full.text, pairs.bytes, 128, 128);
+    EXPECT_EQ(full.written(), "1,2,4,5,7,8,10,11,13,14,16,17,19,20,22,23,25,26,28,29,31,32,34,35,37,38,40,41");
 }
 
 TEST(UtilAddress, Ipv4) {
@@ -1090,6 +1098,7 @@ TEST_F(Export, OverwritesNothing) {
     }
     std::filesystem::create_symlink(path("nowhere"), path("running.img"));
     EXPECT_EQ(run({folder.string()}), 1);
+    EXPECT_EQ(error, "textcfg-store: " + path("running.img") + ": is there already and is not overwritten\n");
     EXPECT_EQ(files(), std::vector<std::string>{"running.img"}) << "a link that leads nowhere is there, too";
     EXPECT_FALSE(std::filesystem::exists(path("nowhere")));
 }
