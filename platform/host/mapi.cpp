@@ -1,0 +1,150 @@
+/// The management API on a workstation, over the store that the environment variable TEXTCFG_STORE names, or over the
+/// built-in factory store.
+#include "platform/mapi.h"
+
+#include "platform/host/factory.h"
+#include "platform/host/store.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#ifdef TEXTCFG_HAS_CRYPT
+#include <crypt.h>
+#endif
+
+static_assert(sizeof(ConfigImage) == MAPI_CONFIG_IMAGE_SIZE && sizeof(BoardRecord) == MAPI_EEPROM_INFO_SIZE);
+static_assert(MAPI_CONFIG_RUNNING == 0 && MAPI_CONFIG_DEFAULT == 1 && MAPI_CONFIG_STARTUP == 2 &&
+                  MAPI_CONFIG_CUSTOMER_DEFAULT == 3,
+              "the order of imageFiles");
+
+namespace {
+
+constexpr std::int32_t refused = -1;
+
+/// Transactions open at a time.
+constexpr std::int32_t mostTransactions = 8;
+
+struct Transaction {
+    std::int32_t handle; ///< 0: the slot is free
+    PlatformConf conf;
+};
+constinit Transaction transactions[mostTransactions] = {};
+/// The handle given out last. None is given out twice, so that one that was closed stays closed.
+constinit std::int32_t lastHandle = 0;
+
+std::int32_t refuse(const char *operation, const char *why) {
+    std::fprintf(stderr, "%s: %s\n", operation, why);
+    return refused;
+}
+
+/// The open transaction `handle`, or null after having told that there is none.
+Transaction *find(const char *operation, std::int32_t handle) {
+    if (handle > 0)
+        for (Transaction &transaction : transactions)
+            if (transaction.handle == handle) return &transaction;
+    std::fprintf(stderr, "%s: transaction %d is not open\n", operation, static_cast<int>(handle));
+    return nullptr;
+}
+
+/// The store's folder; null: the built-in store.
+const char *storeFolder() {
+    const char *const folder = std::getenv("TEXTCFG_STORE");
+    return folder != nullptr && folder[0] != '\0' ? folder : nullptr;
+}
+
+/// The settings as they stand now. False, having told why, if they cannot be had.
+bool currentConf(const char *operation, PlatformConf &conf) {
+    const char *const folder = storeFolder();
+    if (folder == nullptr) {
+        conf = {};
+        return true;
+    }
+    if (!readPlatformConf(folder, conf)) return false;
+#ifndef TEXTCFG_HAS_CRYPT
+    if (conf.md5Passwords) {
+        refuse(operation, "password_encryption=md5 is not supported by this build, which has no libcrypt");
+        return false;
+    }
+#endif
+    static_cast<void>(operation);
+    return true;
+}
+
+} // namespace
+
+std::int32_t mapi_start_transc(void) {
+    for (Transaction &transaction : transactions) {
+        if (transaction.handle != 0) continue;
+        PlatformConf conf;
+        if (!currentConf("mapi_start_transc", conf)) return MAPI_NO_TRANSACTION;
+        if (lastHandle == INT32_MAX) return refuse("mapi_start_transc", "no handle is left");
+        transaction = {++lastHandle, conf};
+        return transaction.handle;
+    }
+    return refuse("mapi_start_transc", "too many transactions are open");
+}
+
+std::int32_t mapi_end_transc(std::int32_t handle) {
+    Transaction *const transaction = find("mapi_end_transc", handle);
+    if (transaction == nullptr) return refused;
+    transaction->handle = 0;
+    return 0;
+}
+
+std::int32_t mapi_sys_eeprom_info_get(std::int32_t handle, void *record) {
+    if (find("mapi_sys_eeprom_info_get", handle) == nullptr) return refused;
+    BoardRecord &board = *static_cast<BoardRecord *>(record);
+    const char *const folder = storeFolder();
+    if (folder != nullptr) return readBoard(folder, board) ? 0 : refused;
+    factory::composeBoard(board);
+    return 0;
+}
+
+std::int32_t mapi_sys_config_getconfig(std::int32_t handle, std::int32_t selector, void *image) {
+    if (find("mapi_sys_config_getconfig", handle) == nullptr) return refused;
+    if (selector < 0 || selector >= imageFileCount)
+        return refuse("mapi_sys_config_getconfig", "unknown image selector; expected 0 to 3");
+    ConfigImage &config = *static_cast<ConfigImage *>(image);
+    const char *const folder = storeFolder();
+    if (folder != nullptr) return readImage(folder, imageFiles[selector], config) ? 0 : refused;
+    factory::composeImage(selector, config);
+    return 0;
+}
+
+std::int32_t mapi_sys_dualimage_state_get(std::int32_t handle) {
+    const Transaction *const transaction = find("mapi_sys_dualimage_state_get", handle);
+    return transaction == nullptr ? refused : transaction->conf.activeBank;
+}
+
+std::int32_t mapi_sys_userauth_method_get(std::int32_t handle) {
+    constexpr const char *operation = "mapi_sys_userauth_method_get";
+    PlatformConf conf;
+    if (handle == MAPI_NO_TRANSACTION) {
+        if (!currentConf(operation, conf)) return refused;
+    } else {
+        const Transaction *const transaction = find(operation, handle);
+        if (transaction == nullptr) return refused;
+        conf = transaction->conf;
+    }
+    return conf.md5Passwords ? 1 : 0;
+}
+
+std::int32_t mapi_sys_userauth_password_md5_get(std::int32_t handle, const char *password, char *md5) {
+    constexpr const char *operation = "mapi_sys_userauth_password_md5_get";
+    if (handle != MAPI_NO_TRANSACTION && find(operation, handle) == nullptr) return refused;
+#ifdef TEXTCFG_HAS_CRYPT
+    constexpr const char *emptySalt = "$1$$";
+    constexpr std::size_t saltLength = 4;
+    constexpr std::size_t digestLength = 22;
+    const char *const crypted = crypt(password, emptySalt);
+    if (crypted == nullptr || std::strncmp(crypted, emptySalt, saltLength) != 0 ||
+        std::strlen(crypted) != saltLength + digestLength)
+        return refuse(operation, "libcrypt makes no MD5 form of this password");
+    std::memcpy(md5, crypted + saltLength, digestLength + 1);
+    return 0;
+#else
+    static_cast<void>(password);
+    static_cast<void>(md5);
+    return refuse(operation, "not supported by this build, which has no libcrypt");
+#endif
+}

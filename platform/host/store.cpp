@@ -1,0 +1,212 @@
+#include "platform/host/store.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+/// A file of a store, closed when it goes out of sight.
+class StoreFile {
+public:
+    StoreFile(const char *folder, const char *file) : folder_(folder), file_(file) {
+        const int directory = open(folder, O_PATH | O_DIRECTORY | O_CLOEXEC);
+        if (directory == -1) {
+            folderError_ = errno;
+            return;
+        }
+        // Without blocking: a FIFO that nobody writes to must not hang the program.
+        descriptor_ = openat(directory, file, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+        if (descriptor_ == -1) fileError_ = errno;
+        close(directory);
+    }
+    ~StoreFile() {
+        if (descriptor_ != -1) close(descriptor_);
+    }
+    StoreFile(const StoreFile &) = delete;
+    StoreFile &operator=(const StoreFile &) = delete;
+
+    /// Whether the folder is there and has no such file.
+    bool absent() const { return fileError_ == ENOENT; }
+
+    /// Whether this is a regular file that was opened. Fills `size`; tells on standard error what it is otherwise,
+    /// `expected` being what it should be.
+    bool isRegular(const char *expected, off_t &size) const {
+        if (folderError_ != 0) {
+            std::fprintf(stderr, "store %s: %s; expected a folder\n", folder_, std::strerror(folderError_));
+            return false;
+        }
+        if (fileError_ != 0) return complain(std::strerror(fileError_), expected);
+        struct stat status = {};
+        if (fstat(descriptor_, &status) != 0) return complain(std::strerror(errno), expected);
+        if (S_ISDIR(status.st_mode)) return complain("found a folder", expected);
+        if (!S_ISREG(status.st_mode)) return complain("found something that is not a regular file", expected);
+        size = status.st_size;
+        return true;
+    }
+
+    /// Reads exactly `size` bytes to `bytes`. Tells on standard error if it cannot.
+    bool read(void *bytes, std::size_t size, const char *expected) const {
+        unsigned char *const to = static_cast<unsigned char *>(bytes);
+        std::size_t count = 0;
+        while (count < size) {
+            const ssize_t step = ::read(descriptor_, to + count, size - count);
+            if (step == -1 && errno == EINTR) continue;
+            if (step == -1) return complain(std::strerror(errno), expected);
+            if (step == 0) return complain("the file became shorter while it was read", expected);
+            count += static_cast<std::size_t>(step);
+        }
+        return true;
+    }
+
+    bool complain(const char *found, const char *expected) const {
+        std::fprintf(stderr, "store file %s/%s: %s; expected %s\n", folder_, file_, found, expected);
+        return false;
+    }
+
+private:
+    const char *folder_;
+    const char *file_;
+    int folderError_ = 0;
+    int fileError_ = 0;
+    int descriptor_ = -1;
+};
+
+/// Fills `record` from a file that has exactly its size. A record that could not be read whole is zero.
+template <class Record> bool readRecord(const char *folder, const char *name, Record &record) {
+    char expected[32];
+    std::snprintf(expected, sizeof expected, "%zu bytes", sizeof record);
+    const StoreFile file(folder, name);
+    off_t size = 0;
+    if (!file.isRegular(expected, size)) return false;
+    if (size != static_cast<off_t>(sizeof record)) {
+        char found[48];
+        std::snprintf(found, sizeof found, "found %lld bytes", static_cast<long long>(size));
+        return file.complain(found, expected);
+    }
+    if (file.read(&record, sizeof record, expected)) return true;
+    std::memset(&record, 0, sizeof record);
+    return false;
+}
+
+/// A line, or a part of one; not terminated.
+struct Span {
+    const char *start;
+    std::size_t length;
+
+    bool is(const char *text) const { return length == std::strlen(text) && std::memcmp(start, text, length) == 0; }
+    /// Takes `text` away from the front, if it stands there.
+    bool skip(const char *text) {
+        const std::size_t size = std::strlen(text);
+        if (length < size || std::memcmp(start, text, size) != 0) return false;
+        start += size;
+        length -= size;
+        return true;
+    }
+    bool blank() const {
+        for (std::size_t i = 0; i < length; ++i)
+            if (start[i] != ' ' && start[i] != '\t') return false;
+        return true;
+    }
+};
+
+/// Reads all of `digits` as a decimal number of 32 bits.
+bool parseNumber(Span digits, std::int32_t &number) {
+    const bool negative = digits.skip("-");
+    const std::int64_t limit = negative ? -static_cast<std::int64_t>(INT32_MIN) : INT32_MAX;
+    if (digits.length == 0) return false;
+    std::int64_t value = 0;
+    for (std::size_t i = 0; i < digits.length; ++i) {
+        const char digit = digits.start[i];
+        if (digit < '0' || digit > '9') return false;
+        value = value * 10 + (digit - '0');
+        if (value > limit) return false;
+    }
+    number = static_cast<std::int32_t>(negative ? -value : value);
+    return true;
+}
+
+/// Reads one line. Returns what should have stood there, or null if it is understood.
+const char *parseLine(Span line, PlatformConf &conf) {
+    if (line.blank() || line.start[0] == '#') return nullptr;
+    if (line.skip("active_bank="))
+        return parseNumber(line, conf.activeBank) ? nullptr
+                                                  : "a decimal number from -2147483648 to 2147483647 as active_bank";
+    if (line.skip("password_encryption=")) {
+        const bool md5 = line.is("md5");
+        if (!md5 && !line.is("none")) return "none or md5 as password_encryption";
+        conf.md5Passwords = md5;
+        return nullptr;
+    }
+    return "active_bank=N or password_encryption=none or password_encryption=md5";
+}
+
+/// Tells of a line that is not understood. Of a long one the beginning is shown, and no control character as it is.
+void complainOfLine(const char *folder, const char *bytes, const ConfProblem &problem) {
+    constexpr std::size_t most = 60;
+    char shown[4 * most + sizeof "..."];
+    std::size_t length = 0;
+    for (std::size_t i = 0; i < problem.length && i < most; ++i) {
+        const unsigned char character = static_cast<unsigned char>(bytes[problem.start + i]);
+        const bool plain = character >= ' ' && character < 0x7f;
+        length += static_cast<std::size_t>(
+            std::snprintf(shown + length, sizeof shown - length, plain ? "%c" : "\\x%02x", character));
+    }
+    std::snprintf(shown + length, sizeof shown - length, "%s", problem.length > most ? "..." : "");
+    std::fprintf(stderr, "store file %s/%s, line %zu: found \"%s\"; expected %s\n", folder, platformConfFile,
+                 problem.line, shown, problem.expected);
+}
+
+} // namespace
+
+ConfProblem parsePlatformConf(const char *bytes, std::size_t length, PlatformConf &conf) {
+    std::size_t number = 0;
+    for (std::size_t start = 0; start < length;) {
+        const void *const newline = std::memchr(bytes + start, '\n', length - start);
+        const std::size_t end =
+            newline == nullptr ? length : static_cast<std::size_t>(static_cast<const char *>(newline) - bytes);
+        ++number;
+        const char *const expected = parseLine({bytes + start, end - start}, conf);
+        if (expected != nullptr) return {number, start, end - start, expected};
+        start = end + 1;
+    }
+    return {};
+}
+
+bool readImage(const char *folder, const char *file, ConfigImage &image) { return readRecord(folder, file, image); }
+
+bool readBoard(const char *folder, BoardRecord &board) { return readRecord(folder, boardFile, board); }
+
+bool readPlatformConf(const char *folder, PlatformConf &conf) {
+    constexpr const char *expected = "lines of settings";
+    const StoreFile file(folder, platformConfFile);
+    if (file.absent()) {
+        conf = {};
+        return true;
+    }
+    off_t fileSize = 0;
+    if (!file.isRegular(expected, fileSize)) return false;
+    if (fileSize == 0) {
+        conf = {};
+        return true;
+    }
+    const std::size_t size = static_cast<std::size_t>(fileSize);
+    void *const memory = mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (memory == MAP_FAILED) return file.complain(std::strerror(errno), expected);
+
+    bool understood = false;
+    if (file.read(memory, size, expected)) {
+        const char *const bytes = static_cast<const char *>(memory);
+        PlatformConf read;
+        const ConfProblem problem = parsePlatformConf(bytes, size, read);
+        understood = problem.line == 0;
+        if (understood) conf = read;
+        else complainOfLine(folder, bytes, problem);
+    }
+    munmap(memory, size);
+    return understood;
+}
