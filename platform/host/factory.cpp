@@ -105,7 +105,6 @@ void system(ConfigImage &image) {
     image.statisticsPolling.ports = 4;
 
     image.service.remoteLogin = 1;
-    image.service.snmpEnabled = 1;
     image.service.webEnabled = 1;
     image.console.telnetPort = 23;
     image.console.timeout = 5;
@@ -260,7 +259,7 @@ void poe(ConfigImage &image) {
 // -------------------------------------------------------------------------------------------------------- in service
 
 /// The third floor of an office: desks with telephones on ports 1 to 16, cameras on 17 to 20, access points on 21 and
-/// 22, a printer on 23, a server on 24; a trunk to the distribution switch on 25 and 26, a ring on 27 and 28.
+/// 22, a printer on 23, a server on 24; the distribution switch on 25 and 26, the west wing's switch on 27 and 28.
 namespace inService {
 
 constexpr Ports desks = {1, 16};
@@ -269,7 +268,7 @@ constexpr Ports accessPoints = {21, 22};
 constexpr Ports printer = {23, 23};
 constexpr Ports server = {24, 24};
 constexpr Ports distribution = {25, 26};
-constexpr Ports ring = {27, 28};
+constexpr Ports westWing = {27, 28};
 
 constexpr std::uint16_t officeVlan = 10;
 constexpr std::uint16_t voiceVlan = 20;
@@ -297,7 +296,7 @@ void identity(ConfigImage &image) {
 
 void management(ConfigImage &image) {
     image.service.remoteLogin = 2;
-    image.service.snmpEnabled = 0;
+    image.service.snmpEnabled = 1;
     image.service.webEnabled = 0;
     image.console.telnetPort = 2323;
     image.console.timeout = 15;
@@ -403,8 +402,8 @@ void ports(ConfigImage &image) {
         image.ports[index].flowControl = 1;
     }
     for (int index : distribution) image.ports[index].description = "to distribution-3";
-    for (int index : ring) {
-        image.ports[index].description = "ring of floor 3, east to west wing"; // 34 of 36 characters
+    for (int index : westWing) {
+        image.ports[index].description = "aggregated link to floor 3 west wing"; // fills its field
         image.ports[index].mediaType = 0;
     }
     image.ports[15].administrativeState = 1;
@@ -421,10 +420,10 @@ void vlans(ConfigImage &image) {
         image.vlanPorts[index].accessVlan = 200;
     }
     for (int index : distribution) image.vlanPorts[index].mode = 1;
-    for (int index : ring) image.vlanPorts[index].mode = 1;
+    for (int index : westWing) image.vlanPorts[index].mode = 1;
     image.vlanPorts[12].accessVlan = managementVlan; // the operator's own desk
 
-    TagVlan(&table)[2077] = image.tagVlans;
+    TagVlanTable &table = image.tagVlans;
     remove(table[0].members, desks);
     remove(table[0].members, cameras);
     table[0].members.clear(cpuPort);
@@ -443,6 +442,7 @@ void vlans(ConfigImage &image) {
     add(table[3].members, uplinks);
 
     bindVlan(table[4], managementVlan, "management");
+    add(table[4].members, {13, 13});
     add(table[4].members, accessPoints);
     add(table[4].members, uplinks);
     addCpu(table[4].members);
@@ -479,9 +479,9 @@ void spanningTree(ConfigImage &image) {
     give(image.stpPorts.enabled, server, 0U);
     give(image.stpPorts.cost, cameras, 200000);
     give(image.stpPorts.cost, distribution, 2000);
-    give(image.stpPorts.cost, ring, 4000);
+    give(image.stpPorts.cost, westWing, 4000);
     give(image.stpPorts.priority, distribution, 32);
-    give(image.stpPorts.priority, ring, 64);
+    give(image.stpPorts.priority, westWing, 64);
     give(image.stpPorts.edge, accessPorts, 1U);
     give(image.stpPorts.pointToPoint, accessPoints, 1U);
     give(image.stpPorts.pointToPoint, uplinks, 0U);
@@ -501,9 +501,9 @@ void aggregation(ConfigImage &image) {
     image.distribution.sourceMac = 0;
     image.distribution.destinationMac = 0;
 
-    give(image.lacp.enabled, ring, u8{1});
-    give(image.lacp.key, ring, u8{27});
-    give(image.lacp.role, ring, u8{1});
+    give(image.lacp.enabled, westWing, u8{1});
+    give(image.lacp.key, westWing, u8{27});
+    give(image.lacp.role, westWing, u8{1});
 }
 
 void mirrorAndLoops(ConfigImage &image) {
@@ -644,7 +644,7 @@ void dhcpSnooping(ConfigImage &image) {
 
     image.dhcpSnoopingPorts.option = 1;
     give(image.dhcpSnoopingPorts.portOption, desks, u8{1});
-    give(image.dhcpSnoopingPorts.trust, ring, u8{0});
+    give(image.dhcpSnoopingPorts.trust, westWing, u8{0});
     give(image.dhcpSnoopingPorts.trust, server, u8{1});
 
     image.circuitIds.remoteInserted = 1;
@@ -706,7 +706,7 @@ void portSecurity(ConfigImage &image) {
     image.macLimit.notificationInterval = 120;
 
     image.pppoe.enabled = 1;
-    remove(image.pppoe.trusted, ring);
+    remove(image.pppoe.trusted, westWing);
 }
 
 void igmpSnooping(ConfigImage &image) {
@@ -828,6 +828,7 @@ void meetingRoom(ConfigImage &image) {
     PortSettings &port = image.ports[7];
     port.description = "meeting room 3.08";
     image.vlanPorts[7].accessVlan = 40;
+    remove(image.tagVlans[1].members, {8, 8});
 
     TagVlan &screens = image.tagVlans[6];
     bindVlan(screens, 40, "screens");
@@ -862,6 +863,7 @@ void identity(ConfigImage &image) {
 
 void management(ConfigImage &image) {
     image.service.remoteLogin = 2;
+    image.service.snmpEnabled = 1;
     image.ipv4.dhcpMode = 1;
     image.time.ntpEnabled = 1;
     image.time.server1 = ipv4(198, 51, 100, 11);
