@@ -3,15 +3,29 @@
 #include "app/order.h"
 #include "app/text.h"
 
+#include <array>
+
 namespace {
 
+/// What one mode calls, in order. Taken from the table at compile time, so that the program carries no names that it
+/// does not print.
+template <std::size_t Count> consteval std::array<void (*)(), Count> callsOf(void (*order::Step::*mode)()) {
+    std::array<void (*)(), Count> calls = {};
+    std::size_t next = 0;
+    for (const order::Step &step : order::steps)
+        if (step.*mode != nullptr) calls[next++] = step.*mode;
+    return calls;
+}
+
+constexpr auto fullCalls = callsOf<std::size(order::steps)>(&order::Step::full);
+constexpr auto deltaCalls = callsOf<order::deltaSteps()>(&order::Step::delta);
+
 void emitAll() {
-    for (const order::Step &step : order::steps) step.full();
+    for (const auto call : fullCalls) call();
 }
 
 void emitDifferences() {
-    for (const order::Step &step : order::steps)
-        if (step.delta != nullptr) step.delta();
+    for (const auto call : deltaCalls) call();
 }
 
 } // namespace

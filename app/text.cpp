@@ -79,24 +79,23 @@ void LineWriter::finish() {
     appendBytes(LineBuffer, static_cast<std::size_t>(end_ - LineBuffer));
 }
 
-void appendFormatted(const char *format, const Argument *arguments) {
+void appendFormatted(const char *format, std::size_t length, const Argument *arguments) {
     LineWriter line;
     const auto putHex = [&line](std::uint32_t number, const char *digits, unsigned atLeast) {
         unsigned count = atLeast;
         while (count < 8 && number >> 4 * count != 0) ++count;
         while (count != 0) line.put(digits[number >> 4 * --count & 0xf]);
     };
-    for (; *format != '\0'; ++format) {
-        if (*format != '%') {
-            line.put(*format);
-            continue;
-        }
+    const char *const end = format + length;
+    while (const void *const found = std::memchr(format, '%', static_cast<std::size_t>(end - format))) {
+        const char *conversion = static_cast<const char *>(found);
+        line.put(format, static_cast<std::size_t>(conversion - format));
         const Argument &argument = *arguments++;
-        ++format;
-        const bool twoDigits = *format == '0';
-        if (twoDigits) format += 2;
-        if (*format == 'l') ++format;
-        switch (*format) {
+        ++conversion;
+        const bool twoDigits = *conversion == '0';
+        if (twoDigits) conversion += 2;
+        if (*conversion == 'l') ++conversion;
+        switch (*conversion) {
         case 's': line.put(argument.text, strnlen(argument.text, argument.number)); break;
         case 'u': line.putDecimal(argument.number); break;
         case 'X': putHex(argument.number, "0123456789ABCDEF", twoDigits ? 2 : 1); break;
@@ -110,7 +109,9 @@ void appendFormatted(const char *format, const Argument *arguments) {
             line.putDecimal(magnitude);
         }
         }
+        format = conversion + 1;
     }
+    line.put(format, static_cast<std::size_t>(end - format));
     line.finish();
 }
 

@@ -123,7 +123,7 @@ void formatDoesNotFitItsArguments();
 /// %d %ld %u %X %02X %02x %02d for numbers and %s for texts.
 template <class... Types> class Format {
 public:
-    template <std::size_t Size> consteval Format(const char (&literal)[Size]) : literal_(literal) {
+    template <std::size_t Size> consteval Format(const char (&literal)[Size]) : literal_(literal), length_(Size - 1) {
         char kinds[conversions<Types...> + 1] = {};
         std::size_t count = 0;
         for (const char *of : {Formatted<Types>::kinds..., ""})
@@ -148,9 +148,11 @@ public:
     }
 
     constexpr const char *literal() const { return literal_; }
+    constexpr std::size_t length() const { return length_; }
 
 private:
     const char *literal_;
+    std::size_t length_;
 };
 
 /// A line without conversions.
@@ -170,7 +172,7 @@ private:
 };
 
 void appendBytes(const char *bytes, std::size_t length);
-void appendFormatted(const char *format, const Argument *arguments);
+void appendFormatted(const char *format, std::size_t length, const Argument *arguments);
 
 /// Appends `line` as it stands.
 inline void append(Line line) { appendBytes(line.literal(), line.length()); }
@@ -184,7 +186,7 @@ inline void append(typename AsIs<Format<First, Rest...>>::type format, const Fir
     Argument *next = arguments;
     Formatted<First>::put(next, first);
     (Formatted<Rest>::put(next, rest), ...);
-    appendFormatted(format.literal(), arguments);
+    appendFormatted(format.literal(), format.length(), arguments);
 }
 
 /// A line under construction in `LineBuffer`, for what is built piece by piece, such as a list of ports.

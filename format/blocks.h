@@ -15,15 +15,12 @@
 /// Appends the head of a block: "interface ", the ports whose word is `match`, a blank and a newline.
 template <std::size_t Ports>
 inline void appendInterface(const std::array<std::uint32_t, Ports> &words, std::uint32_t match) {
-    append("interface ");
-    APPEND_PORT_MEMBER_INT_NUM(words.data(), match, Ports);
-    APPEND_NL();
+    appendPortLine("interface ", words.data(), match, Ports, " \n");
 }
 
 /// Appends the head of a block: "interface ", the ports whose byte is `match`, and a newline without a blank.
 inline void appendInterface(const PortBytes &bytes, std::uint32_t match) {
-    append("interface ");
-    APPEND_PORT_MEMBER(bytes.data(), match);
+    appendPortLine("interface ", bytes.data(), match, portCount, "\n");
 }
 
 /// A value of an attribute and the line that sets it.

@@ -26,15 +26,17 @@ template <class Matches, class Print> void walkRuns(std::int32_t count, Matches 
     }
 }
 
-template <class Matches> int appendList(std::int32_t count, char ending, Matches matches) {
+template <class Value> void appendList(Line head, const Value *values, Value match, std::int32_t count, Line tail) {
     LineWriter line;
-    walkRuns(count, matches, [&line](char separator, std::int32_t index) {
-        if (separator != '\0') line.put(separator);
-        line.putDecimal(static_cast<std::uint32_t>(index) + 1);
-    });
-    line.put(ending);
+    line.put(head.literal(), head.length());
+    walkRuns(
+        count, [=](std::int32_t i) { return values[i] == match; },
+        [&line](char separator, std::int32_t index) {
+            if (separator != '\0') line.put(separator);
+            line.putDecimal(static_cast<std::uint32_t>(index) + 1);
+        });
+    line.put(tail.literal(), tail.length());
     line.finish();
-    return 0;
 }
 
 template <class Value> int hasMember(const Value *values, Value match, std::int32_t count) {
@@ -51,8 +53,17 @@ static_assert(std::size(_storm_rate) == 22);
 
 } // namespace
 
+void appendPortLine(Line head, const std::uint32_t *values, std::uint32_t match, std::int32_t count, Line tail) {
+    appendList(head, values, match, count, tail);
+}
+
+void appendPortLine(Line head, const u8 *values, std::uint32_t match, std::int32_t count, Line tail) {
+    appendList(head, values, static_cast<u8>(match), count, tail);
+}
+
 int APPEND_PORT_MEMBER_INT_NUM(const std::uint32_t *values, std::uint32_t match, std::int32_t count) {
-    return appendList(count, ' ', [=](std::int32_t i) { return values[i] == match; });
+    appendPortLine("", values, match, count, " ");
+    return 0;
 }
 
 int APPEND_PORT_MEMBER_INT(const std::uint32_t *values, std::uint32_t match) {
@@ -60,8 +71,8 @@ int APPEND_PORT_MEMBER_INT(const std::uint32_t *values, std::uint32_t match) {
 }
 
 int APPEND_PORT_MEMBER_NUM(const u8 *values, std::uint32_t match, std::int32_t count) {
-    return appendList(count, '\n',
-                      [values, value = static_cast<u8>(match)](std::int32_t i) { return values[i] == value; });
+    appendPortLine("", values, match, count, "\n");
+    return 0;
 }
 
 int APPEND_PORT_MEMBER(const u8 *values, std::uint32_t match) {

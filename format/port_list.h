@@ -5,6 +5,7 @@
 /// text's. Entry 0 of an array is port 1.
 #pragma once
 
+#include "app/text.h"
 #include "platform/image.h"
 
 #include <array>
@@ -32,6 +33,11 @@ int APPEND_PORT_MEMBER_29(const u8 *values, std::uint32_t match);
 /// Appends the list of the ports set in the `byteCount` bytes of `bitmap`, then a newline: bit 0 of byte 0 is port 1,
 /// and `portCount` the last port. Tells its progress on the console. For switches of other port counts. Returns 0.
 int APPEND_PORT_MEMBER_NUM_U8BMP(const u8 *bitmap, std::int32_t byteCount, std::int32_t portCount);
+
+/// Appends `head`, the list of the first `count` ports whose word equals `match`, and `tail`, as one line.
+void appendPortLine(Line head, const std::uint32_t *values, std::uint32_t match, std::int32_t count, Line tail);
+/// The same over bytes.
+void appendPortLine(Line head, const u8 *values, std::uint32_t match, std::int32_t count, Line tail);
 
 /// Whether one of 28 bytes equals the low 8 bits of `match`: 1 or 0.
 int CHECK_HAS_MEMBER(const u8 *values, std::uint32_t match);

@@ -11,7 +11,7 @@ inline constexpr int portCount = 28;    ///< front ports of the switch
 inline constexpr int poePortCount = 24; ///< front ports that can feed a powered device
 inline constexpr int cpuPort = 28;      ///< bit of the CPU port in a port bitmap
 
-// ---------------------------------------------------------------------------------------------- system, at 0 to 3243
+// ------------------------------------------------------------------------------------------------ system, at 0 to 3243
 
 /// NTP client and daylight saving.
 struct TimeConfig {
@@ -177,8 +177,7 @@ static_assert(record<TagVlan, 54> && offsetof(TagVlan, members) == 1 && offsetof
 static_assert(offsetof(TagVlan, name) == 8);
 using TagVlanTable = TagVlan[2077];
 
-// --------------------------------------------------------------------- aggregation, MAC table, mirror, 121028 to
-// 125423
+// -------------------------------------------------------------------- aggregation, MAC table, mirror, 121028 to 125423
 
 /// LACP settings of the ports.
 struct LacpConfig {
@@ -267,8 +266,7 @@ struct LoopDetection {
 static_assert(record<LoopDetection, 20> && offsetof(LoopDetection, interval) == 6);
 static_assert(offsetof(LoopDetection, vlans) == 10 && offsetof(LoopDetection, allVlans) == 18);
 
-// ------------------------------------------------------------------------------- rates and the switch, 125424 to
-// 126431
+// ------------------------------------------------------------------------------ rates and the switch, 125424 to 126431
 
 /// Rate limits of the ports.
 struct RateLimits {
@@ -331,8 +329,7 @@ struct SwitchConfig {
 static_assert(record<SwitchConfig, 60> && offsetof(SwitchConfig, macAgingTime) == 4);
 static_assert(offsetof(SwitchConfig, blockBpdu20to2F) == 48 && offsetof(SwitchConfig, terminalLength) == 52);
 
-// ------------------------------------------------------------------------------------------------ SNMP, 126432 to
-// 128283
+// ---------------------------------------------------------------------------------------------- SNMP, 126432 to 128283
 
 /// SNMP community.
 struct Community {
@@ -385,8 +382,7 @@ static_assert(record<TrapConfig, 40> && offsetof(TrapConfig, portLink) == 4 && o
 static_assert(offsetof(TrapConfig, batteryMode) == 27 && offsetof(TrapConfig, cpuLoad) == 30);
 static_assert(offsetof(TrapConfig, macLimit) == 36 && offsetof(TrapConfig, autoBackup) == 38);
 
-// ------------------------------------------------------------------------------------------------- QoS, 128284 to
-// 129463
+// ----------------------------------------------------------------------------------------------- QoS, 128284 to 129463
 
 /// Queue weights. Whether they were changed is decided over all 896 bytes: the weights and the 864 bytes behind them.
 struct QueueWeights {
@@ -447,8 +443,7 @@ struct QinQConfig {
 };
 static_assert(record<QinQConfig, 40> && offsetof(QinQConfig, ethertype) == 36);
 
-// ------------------------------------------------------------------------------------------ multicast, 129624 to
-// 146551
+// ----------------------------------------------------------------------------------------- multicast, 129624 to 146551
 
 /// Global IGMP snooping.
 struct IgmpSnooping {
@@ -486,7 +481,7 @@ struct IgmpVlans {
 static_assert(record<IgmpVlan, 4> && record<IgmpVlans, 16896>);
 static_assert(offsetof(IgmpVlans, inUse) == 1 && offsetof(IgmpVlans, vlan) == 514);
 
-// ------------------------------------------------------------------- syslog, authentication, STP, 146552 to 147403
+// ----------------------------------------------------------------------- syslog, authentication, STP, 146552 to 147403
 
 /// Syslog client.
 struct LogConfig {
@@ -542,7 +537,7 @@ struct StpPorts {
 };
 static_assert(record<StpPorts, 560> && offsetof(StpPorts, cost) == 112 && offsetof(StpPorts, edge) == 336);
 
-// ------------------------------------------------------------------ DHCP snooping and source guard, 147404 to 151589
+// -------------------------------------------------------------------- DHCP snooping and source guard, 147404 to 151589
 
 /// Option 82 and trust of the ports.
 struct DhcpSnoopingPorts {
@@ -596,7 +591,7 @@ struct SourceBinding {
 static_assert(record<SourceBinding, 19> && offsetof(SourceBinding, address) == 2);
 using SourceBindingTable = SourceBinding[12];
 
-// ------------------------------------------------------------------------------------ IGMP tables, 151592 to 180287
+// --------------------------------------------------------------------------------------- IGMP tables, 151592 to 180287
 
 /// Static multicast group.
 struct MulticastEntry {
@@ -658,7 +653,7 @@ struct PortFilters {
 static_assert(record<PortFilters, 2856>);
 static_assert(offsetof(PortFilters, port) + offsetof(PortFilter, filterSwitch) == 0, "the first byte of port 1");
 
-// ------------------------------------------------------------------------------- LLDP, 802.1X, PoE, 180296 to 180427
+// --------------------------------------------------------------------------------- LLDP, 802.1X, PoE, 180296 to 180427
 
 /// LLDP.
 struct LldpConfig {
@@ -709,7 +704,7 @@ struct PoeConfig {
 static_assert(record<PoeConfig, 14> && offsetof(PoeConfig, fixedBudget) == 8 && offsetof(PoeConfig, traps) == 9);
 static_assert(offsetof(PoeConfig, alarmThreshold) == 12);
 
-// -------------------------------------------------------------------------------------------- ACL, 180428 to 202699
+// ----------------------------------------------------------------------------------------------- ACL, 180428 to 202699
 
 /// Fields of a frame that a rule can match, by their bit in `AclRule::match`.
 namespace AclMatch {
@@ -773,7 +768,7 @@ static_assert(offsetof(AclRule, action) == 100 && offsetof(AclRule, rateLimit) =
 static_assert(offsetof(AclRule, valid) == 108 && offsetof(AclRule, match) == 110);
 using AclTable = AclRule[192];
 
-// ----------------------------------------------------------------------------------- isolation to archive, 202700 on
+// ------------------------------------------------------------------------------------- isolation to archive, 202700 on
 
 /// Port isolation. VLAN isolation is configured by the very same bytes.
 struct Isolation {
@@ -854,7 +849,7 @@ static_assert(record<BackupConfig, 133> && offsetof(BackupConfig, protocol) == 4
 static_assert(offsetof(BackupConfig, serverIpv6) == 12 && offsetof(BackupConfig, user) == 29);
 static_assert(offsetof(BackupConfig, path) == 77);
 
-// ------------------------------------------------------------------------------------------------------- the image
+// ----------------------------------------------------------------------------------------------------------- the image
 
 /// The whole record. Members stand where the record has them; each section's place is asserted below.
 struct ConfigImage {

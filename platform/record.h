@@ -77,6 +77,7 @@ template <std::size_t Width> struct Text {
 
 /// Whether two texts are the same up to the first NUL, or over `width` characters if there is none.
 template <std::size_t A, std::size_t B>
+// NOLINTNEXTLINE(bugprone-branch-clone): both branches are the same where the widths are
 inline bool sameText(const Text<A> &a, const Text<B> &b, std::size_t width = A < B ? A : B) {
     return std::strncmp(a.characters, b.characters, width) == 0;
 }

@@ -1,0 +1,2 @@
+/* The least that a process costs. */
+int main(void) { return 0; }

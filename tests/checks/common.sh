@@ -1,0 +1,46 @@
+# Shared by the checks; to be sourced. A check prints what it found and fails at its end if that is anything.
+# shellcheck shell=bash
+set -u
+
+root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/../.." && pwd -P)
+findings=0
+
+# Reports one finding and goes on.
+found() {
+    echo "$*"
+    findings=$((findings + 1))
+}
+
+# To be called last.
+conclude() {
+    if ((findings)); then
+        echo "$findings found"
+        exit 1
+    fi
+    exit 0
+}
+
+# Gives up: the check itself could not be made.
+give_up() {
+    echo "$*"
+    exit 1
+}
+
+# Sets `files` to the files of the project whose path matches one of the given patterns: those that git knows, or
+# outside of a git tree all that are there.
+files_like() {
+    local file pattern
+    files=()
+    while IFS= read -r -d '' file; do
+        [[ -f $root/$file ]] || continue
+        for pattern in "$@"; do
+            # shellcheck disable=SC2053 # a pattern is meant
+            if [[ $file == $pattern ]]; then
+                files+=("$file")
+                break
+            fi
+        done
+    done < <(git -C "$root" ls-files -z 2>/dev/null ||
+        (cd "$root" && find . \( -path ./build -o -path ./.git \) -prune -o -type f -printf '%P\0'))
+    ((${#files[@]})) || give_up "no file is like $*"
+}

@@ -1,0 +1,24 @@
+#!/bin/bash
+# Nothing in the files that only made sense where they were written: no home folders, no blanks at the end of a line,
+# no tabs in the code.
+. "$(dirname -- "${BASH_SOURCE[0]}")/common.sh"
+cd "$root" || exit 1
+
+# Prints the lines of `files` that match, each a finding.
+no_line() {
+    local what=$1 pattern=$2 line
+    while IFS= read -r line; do
+        found "$what: $line"
+    done < <(grep -InP -H -e "$pattern" -- "${files[@]}")
+}
+
+files_like '*'
+no_line "home folder" '/hom[e]/|/roo[t]/'
+
+files_like '*.h' '*.cpp' '*.c' '*.sh' '*.cmake' '*CMakeLists.txt' 'script/*' '.ci/*' '.clang-*'
+no_line "trailing blank" '[ \t]+$'
+
+files_like '*.h' '*.cpp' '*.c'
+no_line "tab" '\t'
+no_line "carriage return" '\r'
+conclude
