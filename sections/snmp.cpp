@@ -4,6 +4,9 @@
 #include "format/address.h"
 #include "format/blocks.h"
 #include "platform/board.h"
+#include "platform/util.h"
+
+#include <iterator>
 
 // ---------------------------------------------------------------------------------------------------------- agent
 

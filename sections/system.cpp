@@ -6,6 +6,8 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
+#include <iterator>
 
 int full::convConfigAdvancedfunction() { return trace(); }
 

@@ -5,6 +5,9 @@
 #include "format/blocks.h"
 #include "platform/mapi.h"
 
+#include <cstring>
+#include <iterator>
+
 // ------------------------------------------------------------------------------------------------------- accounts
 
 namespace {
