@@ -1649,10 +1649,10 @@ void compose(ConfigImage &image) {
         image.vlanPorts[i].accessVlan = 0x0102;
         image.lacp.key[i] = static_cast<u8>(100 + port);
         image.lacp.role[i] = image.lacp.enabled[i] = port % 2;
-        image.stpPorts.enabled[i] = image.stpPorts.edge[i] = i % 2;
+        image.stpPorts.enabled[i] = image.stpPorts.edge[i] = port % 2U;
         image.stpPorts.cost[i] = 1000 * i;
         image.stpPorts.priority[i] = i;
-        image.stpPorts.pointToPoint[i] = i % 3;
+        image.stpPorts.pointToPoint[i] = port % 3U;
     }
     for (int i : {0, 27}) image.portVlans[i] = portVlan(letters(16).c_str(), portRange<Bitmap<5>>(1, 28));
     for (int i : {0, lastVlan}) image.tagVlans[i] = tagVlan(0x0102, portRange(1, 29), letters(46).c_str());
