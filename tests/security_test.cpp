@@ -1784,6 +1784,134 @@ TEST(Security, StandsInTheOrderOfTheText) {
     EXPECT_EQ(std::size(emitters), next);
 }
 
+namespace {
+
+void composeSecurity(ConfigImage &current, ConfigImage &defaults) {
+    for (ConfigImage *image : {&current, &defaults}) {
+        image->acl[191].valid = 1;
+        image->acl[191].number = 2;
+        image->dot1x.timeout = 30;
+        giveAll(image->dot1x.portControl, 1);
+        image->dhcpSnooping.leased = 86400;
+        image->dhcpSnooping.servers[0] = mapped(192, 0, 2, 5);
+        image->circuitIds.remoteInserted = 1;
+        put(image->circuitIds.inserted, {1, 2});
+        image->circuitIds.text[11] = "annex";
+        give(image->dhcpSnoopingPorts.trust, {25, 26, 27, 28}, 1);
+        giveAll(image->sourceGuard, 2);
+        guardEntry(image->sourceGuardTable[1], {{192, 0, 2, 20}}, {}, 9);
+        image->sourceBindings[0] = {1, 1, mapped(192, 0, 2, 30), {}};
+        image->macLimit.notificationInterval = 60;
+        image->storm.unicast = 16;
+    }
+
+    AclRule &web = current.acl[0];
+    web.valid = 1;
+    web.number = 1;
+    web.action = 1;
+    web.actionPort = 4;
+    web.match.set(AclMatch::ingressPort).set(AclMatch::etherType).set(AclMatch::protocol);
+    web.match.set(AclMatch::destinationIpv4).set(AclMatch::destinationL4Port);
+    put(web.ingressPorts, {1, 2, 3, 4, 24});
+    web.etherType[0] = 0x08;
+    web.protocol = "06";
+    web.destination = {{192, 0, 2, 0}};
+    web.destinationMask = {{255, 255, 255, 0}};
+    web.destinationL4Port = 443;
+    web.destinationL4Mask[0] = 0xff;
+    web.destinationL4Mask[1] = 0xfe;
+    web.rateLimit = 1000;
+    AclRule &webBefore = defaults.acl[0];
+    webBefore.valid = 1;
+    webBefore.number = 1;
+    webBefore.actionPort = 4;
+    webBefore.protocol = "11";
+    webBefore.match.set(AclMatch::protocol).set(AclMatch::destinationMac);
+    AclRule &voice = current.acl[7];
+    voice.valid = 1;
+    voice.number = 130;
+    voice.action = 3;
+    voice.actionPort = 27;
+    voice.match.set(AclMatch::sourceIpv6).set(AclMatch::destinationIpv6).set(AclMatch::sourceMac);
+    voice.match.set(AclMatch::vlanId).set(AclMatch::tos);
+    voice.sourceIpv6 = longest;
+    voice.sourcePrefixLength = 64;
+    voice.destinationIpv6 = documentation;
+    voice.destinationPrefixLength = 128;
+    voice.sourceMac = {{0x00, 0x00, 0x5e, 0x00, 0x53, 0x01}};
+    voice.sourceMacMask = {{0xff, 0xff, 0xff, 0xff, 0xff, 0x00}};
+    voice.vlan = 20;
+    voice.tos = "b8";
+
+    current.dot1x.enabled = 1;
+    current.dot1x.reauthPeriod = 7200;
+    defaults.dot1x.reauthPeriod = 3600;
+    current.dot1x.reauthentication = 1;
+    current.dot1x.secret = letters(33).c_str();
+    current.dot1x.server = {{192, 0, 2, 12}};
+    give(current.dot1x.portControl, {1, 2, 3}, 0);
+    give(current.dot1x.portControl, {16}, 2);
+
+    current.dhcpSnooping.enabled = 1;
+    current.dhcpSnooping.initiated = 30;
+    defaults.dhcpSnooping.initiated = 10;
+    put(current.dhcpSnooping.serverPorts, {25, 26});
+    defaults.dhcpSnooping.checkServerAddress = 1;
+    current.dhcpSnooping.servers[1] = documentation;
+    defaults.dhcpSnooping.servers[3] = mapped(192, 0, 2, 6);
+    current.dhcpSnoopingPorts.option = 1;
+    give(current.dhcpSnoopingPorts.portOption, {1, 2, 3, 4}, 1);
+    give(current.dhcpSnoopingPorts.trust, {24}, 2);
+    give(current.dhcpSnoopingPorts.trust, {27}, 0);
+    defaults.circuitIds.remoteFormatted = 1;
+    current.circuitIds.remoteId = "east";
+    put(current.circuitIds.formatted, {5});
+    for (const int port : {1, 2, 8}) current.circuitIds.text[port - 1] = "north";
+    current.circuitIds.text[20] = "attic";
+    defaults.ports[0].description = "lobby";
+
+    current.pppoe.enabled = 1;
+    put(current.pppoe.trusted, {25, 26});
+    put(defaults.pppoe.trusted, {25});
+
+    give(current.sourceGuard, {1, 2, 3, 4, 5, 6, 7, 8}, 1);
+    give(current.sourceGuard, {9}, 0);
+    guardEntry(current.sourceGuardTable[0], {}, longest, 8);
+    guardEntry(current.sourceGuardTable[2], {{192, 0, 2, 21}}, {}, 10);
+    current.ipSource = 1;
+    current.sourceBindings[1] = {1, 0, documentation, {}};
+    current.sourceBindings[11] = {1, 1, {}, {}};
+    defaults.sourceBindings[11] = {1, 0, mapped(192, 0, 2, 31), {}};
+
+    current.macLimit.enabled = 1;
+    give(current.macLimit.portEnabled, {1, 2}, 1);
+    give(current.macLimit.portMaximum, {1, 3}, 5);
+    give(current.macLimit.portMaximum, {2}, 7);
+    current.isolation.enabled = 1;
+    put(current.isolation.uplinks, {25, 26, 27, 28});
+    put(defaults.isolation.uplinks, {28});
+    current.storm.broadcast = 11;
+    defaults.storm.multicast = 13;
+    current.storm.notificationInterval = 60;
+    defaults.storm.notificationInterval = 30;
+}
+
+/// What the area's steps write for the composed store, in their order.
+std::string textOfArea(Mode mode) {
+    resetAll();
+    composeSecurity(*gSysConfig, *gDefConfig);
+    for (const char *emitter : emitters)
+        if (mode == Mode::full || hasTwin(emitter)) callStep(mode, emitter);
+    return Temp_Configuration;
+}
+
+} // namespace
+
+TEST(Security, IsTheGoldenText) {
+    EXPECT_EQ(golden("security_full.txt"), textOfArea(Mode::full));
+    EXPECT_EQ(golden("security_delta.txt"), textOfArea(Mode::delta));
+}
+
 TEST(Security, TheBuiltInStoreMakesEveryEmitterWrite) {
     resetAll();
     factory::composeBoard(g_EEPROM);
