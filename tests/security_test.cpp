@@ -1762,6 +1762,51 @@ TEST(Security, EveryEmitterTracesItsNameAndNothingElse) {
         }
 }
 
+TEST(Security, EmittersReturn0) {
+    resetAll();
+    everyTextFilled(*gSysConfig, *gDefConfig);
+    const ConfigImage &now = *gSysConfig;
+    const ConfigImage &was = *gDefConfig;
+    const int results[] = {
+        full::convConfigACLControl_ACLControl_configure_acl(now.acl),
+        full::convConfigDOT1XConfig_DOT1XConfig_configure_dot1x(now.dot1x),
+        full::convConfigSKAConfig2_SKAConfig2_configure_ip(now.dhcpSnooping),
+        full::convConfigPPPoEConfig_PPPoEConfig_configure_ip_pppoe(now.pppoe),
+        full::convConfigSecurityIP_SecurityIP_configure_ip_source(now.sourceBindings),
+        full::convConfigSwitchConfig_SwitchConfig_configure_ip_source(now.ipSource),
+        full::convConfigMacLimit_MacLimit_configure_security_mac_limit(now.macLimit),
+        full::convConfigPortIsolation_PortIsolation_configure_security_port_isolation(now.isolation),
+        full::convConfigStormControl_StormControl_configure_security_storm_control(now.storm),
+        full::convConfigDOT1XConfig_DOT1XConfig_configure_interface_dot1x(now.dot1x),
+        full::convConfigSKAConfig_SKAConfig_configure_interface_ip_dhcp_snooping(now.dhcpSnoopingPorts),
+        full::convConfigPPPoEConfig_PPPoEConfig_configure_interface_ip_pppoe(now.pppoe),
+        full::convConfigSKAConfig2_SKAConfig2_configure_interface_ip_sourceguard(now.sourceGuard),
+        full::convConfigStaticIPTable_StaticIPTable_configure_interface_ip_sourceguard_static_ip(now.sourceGuardTable),
+        full::convConfigMacLimit_MacLimit_configure_interface_security_mac_limit(now.macLimit, now.macLimit),
+        full::convConfigSKAConfig2_SKAConfig2_configure_configure_security(),
+        full::convConfigSecurity_HG(),
+        full::convConfigStormControl_StormControl_configure_interface_security(),
+        delta::convConfigACLControl_ACLControl_configure_acl(now.acl, was.acl),
+        delta::convConfigDOT1XConfig_DOT1XConfig_configure_dot1x(now.dot1x, was.dot1x),
+        delta::convConfigSKAConfig2_SKAConfig2_configure_ip(now.dhcpSnooping, was.dhcpSnooping),
+        delta::convConfigPPPoEConfig_PPPoEConfig_configure_ip_pppoe(now.pppoe, was.pppoe),
+        delta::convConfigSecurityIP_SecurityIP_configure_ip_source(now.sourceBindings, was.sourceBindings),
+        delta::convConfigSwitchConfig_SwitchConfig_configure_ip_source(now.ipSource, was.ipSource),
+        delta::convConfigMacLimit_MacLimit_configure_security_mac_limit(now.macLimit, was.macLimit),
+        delta::convConfigPortIsolation_PortIsolation_configure_security_port_isolation(now.isolation, was.isolation),
+        delta::convConfigStormControl_StormControl_configure_security_storm_control(now.storm, was.storm),
+        delta::convConfigDOT1XConfig_DOT1XConfig_configure_interface_dot1x(now.dot1x, was.dot1x),
+        delta::convConfigSKAConfig_SKAConfig_configure_interface_ip_dhcp_snooping(now.dhcpSnoopingPorts,
+                                                                                  was.dhcpSnoopingPorts),
+        delta::convConfigPPPoEConfig_PPPoEConfig_configure_interface_ip_pppoe(now.pppoe, was.pppoe),
+        delta::convConfigSKAConfig2_SKAConfig2_configure_interface_ip_sourceguard(now.sourceGuard, was.sourceGuard),
+        delta::convConfigStaticIPTable_StaticIPTable_configure_interface_ip_sourceguard_static_ip(now.sourceGuardTable,
+                                                                                                  was.sourceGuardTable),
+        delta::convConfigMacLimit_MacLimit_configure_interface_security_mac_limit(now.macLimit, was.macLimit),
+    };
+    for (const int result : results) EXPECT_EQ(0, result);
+}
+
 TEST(Security, EmittersWithoutASectionWriteNothing) {
     for (const char *emitter : {emptySecurity, emptyHg, emptyStorm}) {
         const auto every = [](ConfigImage &image, ConfigImage &) {
