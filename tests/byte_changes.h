@@ -30,6 +30,16 @@ inline Given withByte(const Given &given, std::size_t offset, u8 change) {
     };
 }
 
+/// Renders the store as it is with the byte at `offset` of the current image changed, and changes it back.
+inline std::string textOfChange(Mode mode, const char *emitter, std::size_t offset) {
+    u8 *const byte = reinterpret_cast<u8 *>(gSysConfig) + offset;
+    clearText();
+    *byte ^= 0x40;
+    callStep(mode, emitter);
+    *byte ^= 0x40;
+    return Temp_Configuration;
+}
+
 /// `given` must leave nothing to write in delta mode. Holds that each byte from `first` to `last` that lies in a span
 /// brings about a text that begins as the span says, and each other one none.
 inline void expectCounting(const char *emitter, const Given &given, std::size_t first, std::size_t last,
@@ -39,7 +49,7 @@ inline void expectCounting(const char *emitter, const Given &given, std::size_t 
         const Counting *of = nullptr;
         for (const Counting &span : spans)
             if (span.first <= offset && offset <= span.last) of = &span;
-        const std::string text = textOfStep(Mode::delta, emitter, withByte(given, offset, 0x40));
+        const std::string text = textOfChange(Mode::delta, emitter, offset);
         if (of == nullptr) {
             EXPECT_EQ("", text) << "byte " << offset;
         } else {
@@ -56,7 +66,6 @@ inline void expectRead(const char *emitter, const Given &given, std::size_t firs
     for (std::size_t offset = first; offset <= last; ++offset) {
         bool isRead = false;
         for (const auto &span : spans) isRead = isRead || (span.first <= offset && offset <= span.second);
-        EXPECT_EQ(isRead, textOfStep(Mode::full, emitter, withByte(given, offset, 0x40)) != unchanged)
-            << "byte " << offset;
+        EXPECT_EQ(isRead, textOfChange(Mode::full, emitter, offset) != unchanged) << "byte " << offset;
     }
 }
