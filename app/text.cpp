@@ -26,6 +26,20 @@ bool endIsKnown() {
            (textEnd == 0 || (Temp_Configuration[0] != '\0' && Temp_Configuration[textEnd - 1] != '\0'));
 }
 
+/// Puts the bytes behind the text, if they fit.
+void join(const char *bytes, std::size_t length) {
+    if (overflowed) return;
+    if (!endIsKnown()) textEnd = strnlen(Temp_Configuration, textBufferSize);
+    // One byte is kept for the NUL.
+    if (textEnd >= textBufferSize || length > textBufferSize - 1 - textEnd) {
+        overflowed = true;
+        return;
+    }
+    std::memcpy(Temp_Configuration + textEnd, bytes, length);
+    textEnd += length;
+    Temp_Configuration[textEnd] = '\0';
+}
+
 } // namespace
 
 bool textOverflowed() { return overflowed; }
@@ -37,16 +51,8 @@ void clearText() {
 }
 
 void appendBytes(const char *bytes, std::size_t length) {
-    if (overflowed) return;
-    if (!endIsKnown()) textEnd = strnlen(Temp_Configuration, textBufferSize);
-    // One byte is kept for the NUL.
-    if (textEnd >= textBufferSize || length > textBufferSize - 1 - textEnd) {
-        overflowed = true;
-        return;
-    }
-    std::memcpy(Temp_Configuration + textEnd, bytes, length);
-    textEnd += length;
-    Temp_Configuration[textEnd] = '\0';
+    join(bytes, length);
+    LineBuffer[0] = '\0';
 }
 
 void LineWriter::put(const char *text, std::size_t length) {
@@ -69,9 +75,8 @@ void LineWriter::putDecimal(std::uint32_t number) {
 }
 
 void LineWriter::finish() {
-    if (fits_) appendBytes(LineBuffer, static_cast<std::size_t>(end_ - LineBuffer));
-    else overflowed = true;
-    LineBuffer[0] = '\0';
+    if (!fits_) overflowed = true; // and so nothing is appended
+    appendBytes(LineBuffer, static_cast<std::size_t>(end_ - LineBuffer));
 }
 
 void appendFormatted(const char *format, std::size_t length, const Argument *arguments) {

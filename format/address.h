@@ -57,6 +57,12 @@ inline AddressText ipv4First(const Ipv4 &ipv4, const Ipv6 &ipv6) {
 /// The IPv6 address if it is set, else the IPv4 address, set or not.
 inline AddressText ipv6First(const Ipv4 &ipv4, const Ipv6 &ipv6) { return isZero(ipv6) ? textOf(ipv4) : textOf(ipv6); }
 
+/// Appends the line of a server, or `none` where its address is unset.
+inline void appendServer(const AddressText &server, Format<AddressText> line, Line none) {
+    if (server.isUnset()) append(none);
+    else append<AddressText>(line, server);
+}
+
 /// One field for both: dotted if the address is IPv4-mapped or unset, else in IPv6 form.
 inline AddressText mappedOrIpv6(const Ipv6 &address) {
     const bool dotted = utilIpv6AddrIsIpv4(address.octets) != 0 || isZero(address);

@@ -5,8 +5,12 @@
 
 namespace full {
 int InterfaceGroup_configure_ip_group();
+/// "poe" and its "alarm-threshold", "budget-mode", "eventlog", "syslog" and "traps". Nothing on a board without PoE.
 int convConfigPOEConfig_POEConfig_configure_poe(const PoeConfig &current);
 int PortConfigFunc_configure_interface();
+/// Blocks of the 24 ports that can feed a device: "poe" by value, "poe budget" by equal budget (1 is never written),
+/// "poe pdname" by name where it differs from the default, "poe priority" by value, "poe schedule" by name where it
+/// differs from the default, and "poe schedule" by value. Nothing on a board without PoE.
 int convConfigPOEConfig_POEConfig_configure_interface_poe(const PoePortTable &current, const PoePortTable &defaults);
 int PortConfigFunc_configure_interface_lan();
 int PortConfigFunc_configure_interface_wan();
@@ -14,8 +18,11 @@ int WifiConfigFunc_configure_interface();
 } // namespace full
 
 namespace delta {
+/// Each line where its own value differs. Nothing on a board without PoE.
 int convConfigPOEConfig_POEConfig_configure_poe(const PoeConfig &current, const PoeConfig &defaults);
 int PortConfigFunc_configure_interface();
+/// The blocks by value, each kind where a port's value differs; the names as in full mode; of the budgets only the
+/// ports that have none. Nothing on a board without PoE.
 int convConfigPOEConfig_POEConfig_configure_interface_poe(const PoePortTable &current, const PoePortTable &defaults);
 using full::WifiConfigFunc_configure_interface; // traces only
 } // namespace delta

@@ -8,8 +8,6 @@ FakePlatform platform;
 
 namespace {
 
-std::int32_t lastHandle;
-
 /// Records a call; true if it is to fail.
 bool fails(std::string call) {
     platform.calls.push_back(std::move(call));
@@ -26,26 +24,31 @@ void FakePlatform::reset() {
     md5 = nullptr;
     calls.clear();
     failingCall = -1;
-    onStart = nullptr;
+    failure = 5;
     lastHandle = 0;
+    onStart = nullptr;
+    onBoard = nullptr;
+    onConfig = nullptr;
 }
 
 std::int32_t mapi_start_transc() {
     if (fails("start")) return MAPI_NO_TRANSACTION;
     if (platform.onStart) platform.onStart();
-    return ++lastHandle;
+    return ++platform.lastHandle;
 }
 
 std::int32_t mapi_end_transc(std::int32_t handle) { return fails("end " + std::to_string(handle)) ? -1 : 0; }
 
 std::int32_t mapi_sys_eeprom_info_get(std::int32_t handle, void *record) {
-    if (fails("eeprom " + std::to_string(handle))) return 5;
+    if (fails("eeprom " + std::to_string(handle))) return platform.failure;
+    if (platform.onBoard) platform.onBoard(record);
     std::memcpy(record, &platform.board, sizeof platform.board);
     return 0;
 }
 
 std::int32_t mapi_sys_config_getconfig(std::int32_t handle, std::int32_t selector, void *image) {
-    if (fails("config " + std::to_string(handle) + " " + std::to_string(selector))) return 5;
+    if (fails("config " + std::to_string(handle) + " " + std::to_string(selector))) return platform.failure;
+    if (platform.onConfig) platform.onConfig(selector, image);
     std::memcpy(image, &platform.images[selector], sizeof platform.images[selector]);
     return 0;
 }

@@ -17,9 +17,14 @@ struct FakePlatform {
     std::function<void(const char *password, char *md5)> md5; ///< what the platform makes of a password
 
     std::vector<std::string>
-        calls;       ///< "start", "eeprom 1", "config 1 0", "bank 2", "end 1", "method -1", "md5 -1 secret"
-    int failingCall; ///< index in `calls` of the call that fails; none if negative
+        calls;               ///< "start", "eeprom 1", "config 1 0", "bank 2", "end 1", "method -1", "md5 -1 secret"
+    int failingCall;         ///< index in `calls` of the call that fails; none if negative
+    std::int32_t failure;    ///< what a failing read returns
+    std::int32_t lastHandle; ///< the handle given out last; the next one is one more
     std::function<void()> onStart; ///< called at each start of a transaction
+    /// Called before a record is filled, with what the program left there.
+    std::function<void(const void *record)> onBoard;
+    std::function<void(std::int32_t selector, const void *image)> onConfig;
 
     /// As it is before each test: zero images and board, bank 1, passwords in clear, no failure, no calls.
     void reset();
