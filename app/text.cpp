@@ -55,40 +55,32 @@ void appendBytes(const char *bytes, std::size_t length) {
     LineBuffer[0] = '\0';
 }
 
-void LineWriter::put(const char *text, std::size_t length) {
-    if (length > static_cast<std::size_t>(lineEnd() - end_)) {
-        fits_ = false;
-        return;
-    }
-    std::memcpy(end_, text, length);
-    end_ += length;
-}
-
-void LineWriter::putDecimal(std::uint32_t number) {
-    char digits[10];
+const char *decimal(std::uint32_t number, char (&digits)[10]) {
     char *first = digits + sizeof digits;
     do {
         *--first = static_cast<char>('0' + number % 10);
         number /= 10;
     } while (number != 0);
-    put(first, static_cast<std::size_t>(digits + sizeof digits - first));
+    return first;
 }
 
-void LineWriter::finish() {
-    if (!fits_) overflowed = true; // and so nothing is appended
-    appendBytes(LineBuffer, static_cast<std::size_t>(end_ - LineBuffer));
+void finishLine(const char *end, bool fits) {
+    if (fits) join(LineBuffer, static_cast<std::size_t>(end - LineBuffer));
+    else overflowed = true;
+    LineBuffer[0] = '\0';
 }
 
-void appendFormatted(const char *format, std::size_t length, const Argument *arguments) {
+void appendFormatted(const char *format, std::size_t length, const Argument *arguments, std::size_t count) {
     LineWriter line;
     const auto putHex = [&line](std::uint32_t number, const char *digits, unsigned atLeast) {
-        unsigned count = atLeast;
-        while (count < 8 && number >> 4 * count != 0) ++count;
-        while (count != 0) line.put(digits[number >> 4 * --count & 0xf]);
+        unsigned places = atLeast;
+        while (places < 8 && number >> 4 * places != 0) ++places;
+        while (places != 0) line.put(digits[number >> 4 * --places & 0xf]);
     };
     const char *const end = format + length;
-    while (const void *const found = std::memchr(format, '%', static_cast<std::size_t>(end - format))) {
-        const char *conversion = static_cast<const char *>(found);
+    for (; count != 0; --count) {
+        const char *conversion =
+            static_cast<const char *>(std::memchr(format, '%', static_cast<std::size_t>(end - format)));
         line.put(format, static_cast<std::size_t>(conversion - format));
         const Argument &argument = *arguments++;
         ++conversion;

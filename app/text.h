@@ -30,8 +30,9 @@ bool textOverflowed();
 /// Clears the text, all of its bytes, and forgets that a line did not fit.
 void clearText();
 
-/// Prints "[", `emitter` and "]" on a line of standard output when `gCfgDebug` is set. Returns 0, as emitters do.
-int trace(const char *emitter);
+/// Prints "[", the name of the calling emitter and "]" on a line of standard output when `gCfgDebug` is set. Returns 0,
+/// as emitters do.
+int trace(const char *emitter = __builtin_FUNCTION());
 
 /// Appends an empty line. Returns 0.
 int APPEND_NL();
@@ -59,7 +60,7 @@ template <class T> struct Formatted;
 
 struct FormattedNumber {
     static constexpr char kinds[] = "n";
-    static constexpr void put(Argument *&to, std::uint32_t number) { *to++ = {nullptr, number}; }
+    static constexpr void put(Argument *&to, std::uint32_t number) { (to++)->number = number; }
 };
 template <> struct Formatted<int> : FormattedNumber {
     static constexpr void put(Argument *&to, int number) {
@@ -172,7 +173,7 @@ private:
 };
 
 void appendBytes(const char *bytes, std::size_t length);
-void appendFormatted(const char *format, std::size_t length, const Argument *arguments);
+void appendFormatted(const char *format, std::size_t length, const Argument *arguments, std::size_t count);
 
 /// Appends `line` as it stands.
 inline void append(Line line) { appendBytes(line.literal(), line.length()); }
@@ -186,21 +187,56 @@ inline void append(typename AsIs<Format<First, Rest...>>::type format, const Fir
     Argument *next = arguments;
     Formatted<First>::put(next, first);
     (Formatted<Rest>::put(next, rest), ...);
-    appendFormatted(format.literal(), format.length(), arguments);
+    appendFormatted(format.literal(), format.length(), arguments, conversions<First, Rest...>);
 }
 
-/// A line under construction in `LineBuffer`, for what is built piece by piece, such as a list of ports.
+/// Writes `number` in decimal up to the end of `digits` and returns where it begins.
+const char *decimal(std::uint32_t number, char (&digits)[10]);
+
+/// Appends the line that stands in `LineBuffer` up to `end`, or remembers that it did not fit. Empties `LineBuffer`.
+void finishLine(const char *end, bool fits);
+
+/// A line under construction in `LineBuffer`, for what is built piece by piece, such as a list of ports. Inline, so
+/// that its state lives in registers.
 class LineWriter {
 public:
     void put(char character) {
         if (end_ == lineEnd()) fits_ = false;
         else *end_++ = character;
     }
-    void put(const char *text, std::size_t length);
-    void putDecimal(std::uint32_t number);
+
+    void put(const char *text, std::size_t length) {
+        if (length > static_cast<std::size_t>(lineEnd() - end_)) {
+            fits_ = false;
+            return;
+        }
+        std::memcpy(end_, text, length);
+        end_ += length;
+    }
+
+    void putDecimal(std::uint32_t number) {
+        char digits[10];
+        const char *const first = decimal(number, digits);
+        put(first, static_cast<std::size_t>(digits + sizeof digits - first));
+    }
+
+    /// An entry of a list: `separator`, unless it is NUL, and `number`.
+    void putEntry(char separator, std::uint32_t number) {
+        if (number < 100 && lineEnd() - end_ >= 3) { // most are ports
+            const std::uint32_t tens = number / 10;
+            *end_ = separator;
+            end_ += separator != '\0';
+            *end_ = static_cast<char>('0' + tens);
+            end_ += tens != 0;
+            *end_++ = static_cast<char>('0' + number - tens * 10);
+            return;
+        }
+        if (separator != '\0') put(separator);
+        putDecimal(number);
+    }
 
     /// Appends the line to the text and empties `LineBuffer`.
-    void finish();
+    void finish() const { finishLine(end_, fits_); }
 
 private:
     /// The last byte of `LineBuffer` is kept for the NUL.

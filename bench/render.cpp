@@ -1,5 +1,5 @@
-/// Renders the running configuration of the store named by TEXTCFG_STORE once and prints the length of the text, so that
-/// the instructions of the driver alone can be counted: `bench_render full` or `bench_render delta`.
+/// Renders the running configuration of the store named by TEXTCFG_STORE once and prints the length of the text, so
+/// that the instructions of the driver alone can be counted: `bench_render full` or `bench_render delta`.
 #include "app/drivers.h"
 #include "app/text.h"
 #include "platform/board.h"

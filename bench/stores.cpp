@@ -31,8 +31,10 @@ void addVlans(int count) {
         char name[sizeof vlan.name];
         std::snprintf(name, sizeof name, "customer-network-%d", 1000 + i);
         vlan.name = name;
-        for (unsigned port = 0; port < 28; ++port)
-            if ((port + static_cast<unsigned>(i)) % 3 != 0) vlan.members.set(port);
+        // The uplinks, a run of access ports, and one of its own.
+        for (unsigned port = 24; port < 28; ++port) vlan.members.set(port);
+        for (unsigned port = 0; port < 6; ++port) vlan.members.set(port + static_cast<unsigned>(i) % 7);
+        vlan.members.set(15 + static_cast<unsigned>(i) % 8);
     }
 }
 

@@ -14,3 +14,8 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
 # Programs linked dynamically find their libraries below -L; static ones do not ask.
 set(CMAKE_CROSSCOMPILING_EMULATOR qemu-mips-static -L /usr/mips-linux-gnu)
+
+# A program for flash: at a fixed address, without the code that a shared object needs.
+set(CMAKE_C_FLAGS_INIT "-fno-pie -mno-shared -mplt")
+set(CMAKE_CXX_FLAGS_INIT "-fno-pie -mno-shared -mplt")
+set(CMAKE_EXE_LINKER_FLAGS_INIT "-no-pie")

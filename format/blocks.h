@@ -29,20 +29,18 @@ struct ValueLine {
     Line line;
 };
 
+void appendValueBlocks(const std::uint32_t *words, std::size_t ports, std::initializer_list<ValueLine> lines);
+
 /// Appends a block for each value of `lines` that some port has, in their order. Ports with another value are in none.
-template <class Values> void appendValueBlocks(const Values &values, std::initializer_list<ValueLine> lines) {
-    for (const ValueLine &row : lines) {
-        bool some = false;
-        for (const auto value : values) some = some || value == row.value;
-        if (!some) continue;
-        appendInterface(values, row.value);
-        append(row.line);
-        append("exit\n");
-    }
+template <std::size_t Ports>
+inline void appendValueBlocks(const std::array<std::uint32_t, Ports> &words, std::initializer_list<ValueLine> lines) {
+    appendValueBlocks(words.data(), Ports, lines);
 }
+/// The same over bytes.
+void appendValueBlocks(const PortBytes &bytes, std::initializer_list<ValueLine> lines);
 
 /// Appends `on` or `off`.
-inline void appendSwitch(bool isSet, Line on, Line off) { append(isSet ? on : off); }
+void appendSwitch(bool isSet, Line on, Line off);
 
 /// The values of one field of all ports, as words.
 template <class Record, std::size_t Ports, class Field>
@@ -70,20 +68,17 @@ inline PortBytes bytesOfPorts(const u8 (&values)[portCount]) {
     return bytes;
 }
 
+PortWords wordsOfBitmap(const u8 *bitmap);
+PortBytes bytesOfBitmap(const u8 *bitmap);
+
 /// Ports 1 to 28 of a bitmap as words 1 (set) and 0 (clear).
-template <std::size_t Bytes> PortWords wordsOf(const Bitmap<Bytes> &bitmap) {
-    PortWords words;
-    for (int port = 0; port < portCount; ++port)
-        words[static_cast<std::size_t>(port)] = utilBitmapCheck(bitmap.bytes, port) == 1;
-    return words;
+template <std::size_t Bytes> inline PortWords wordsOf(const Bitmap<Bytes> &bitmap) {
+    return wordsOfBitmap(bitmap.bytes);
 }
 
 /// Ports 1 to 28 of a bitmap as bytes 1 (set) and 0 (clear).
-template <std::size_t Bytes> PortBytes bytesOfPorts(const Bitmap<Bytes> &bitmap) {
-    PortBytes bytes;
-    for (int port = 0; port < portCount; ++port)
-        bytes[static_cast<std::size_t>(port)] = utilBitmapCheck(bitmap.bytes, port) == 1;
-    return bytes;
+template <std::size_t Bytes> inline PortBytes bytesOfPorts(const Bitmap<Bytes> &bitmap) {
+    return bytesOfBitmap(bitmap.bytes);
 }
 
 /// Calls `write(value, members)` for each distinct value of `values`, in the order of the lowest port that has it.

@@ -6,23 +6,17 @@
 namespace {
 
 /// The rule by which every list is compressed. Walks `count` elements and calls `print(separator, index)` for each that
-/// is printed; the separator is 0 for the first one.
+/// is printed: the first and the last of a run. The separator is 0 for the very first one, "," before the first of a
+/// run and before the second of two neighbours, "-" before the last of three and more.
 template <class Matches, class Print> void walkRuns(std::int32_t count, Matches matches, Print print) {
-    bool printed = false;
-    std::int32_t run = 0;
+    char separator = '\0';
     for (std::int32_t i = 0; i < count; ++i) {
-        if (!matches(i)) {
-            run = 0;
-        } else if (!printed) {
-            print('\0', i);
-            printed = true;
-            run = 1;
-        } else if (run != 0 && i + 1 < count && matches(i + 1)) {
-            ++run; // inside a run
-        } else {
-            ++run;
-            print(run < 3 ? ',' : '-', i); // two neighbours are listed, three and more are a range
-        }
+        if (!matches(i)) continue;
+        const std::int32_t first = i;
+        while (i + 1 < count && matches(i + 1)) ++i;
+        print(separator, first);
+        separator = ',';
+        if (i != first) print(i == first + 1 ? ',' : '-', i);
     }
 }
 
@@ -31,10 +25,8 @@ template <class Value> void appendList(Line head, const Value *values, Value mat
     line.put(head.literal(), head.length());
     walkRuns(
         count, [=](std::int32_t i) { return values[i] == match; },
-        [&line](char separator, std::int32_t index) {
-            if (separator != '\0') line.put(separator);
-            line.putDecimal(static_cast<std::uint32_t>(index) + 1);
-        });
+        [&line](char separator, std::int32_t index)
+            __attribute__((always_inline)) { line.putEntry(separator, static_cast<std::uint32_t>(index) + 1); });
     line.put(tail.literal(), tail.length());
     line.finish();
 }

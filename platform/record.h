@@ -6,6 +6,7 @@
 /// Storing a number or a text is an assignment, so that stores can be composed as plainly as they are read.
 #pragma once
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -18,7 +19,10 @@ using i8 = std::int8_t;
 struct be16 {
     u8 bytes[2];
 
-    constexpr std::uint16_t value() const { return static_cast<std::uint16_t>((bytes[0] << 8) | bytes[1]); }
+    constexpr std::uint16_t value() const {
+        const std::uint16_t stored = __builtin_bit_cast(std::uint16_t, bytes);
+        return std::endian::native == std::endian::big ? stored : __builtin_bswap16(stored);
+    }
     constexpr be16 &operator=(std::uint16_t number) {
         bytes[0] = static_cast<u8>(number >> 8);
         bytes[1] = static_cast<u8>(number);
@@ -32,8 +36,8 @@ struct be32 {
     u8 bytes[4];
 
     constexpr std::uint32_t value() const {
-        return static_cast<std::uint32_t>(bytes[0]) << 24 | static_cast<std::uint32_t>(bytes[1]) << 16 |
-               static_cast<std::uint32_t>(bytes[2]) << 8 | bytes[3];
+        const std::uint32_t stored = __builtin_bit_cast(std::uint32_t, bytes);
+        return std::endian::native == std::endian::big ? stored : __builtin_bswap32(stored);
     }
     constexpr be32 &operator=(std::uint32_t number) {
         bytes[0] = static_cast<u8>(number >> 24);

@@ -45,7 +45,7 @@ int full::PortConfigFunc_configure_interface() {
 }
 
 int delta::PortConfigFunc_configure_interface() {
-    trace(__func__);
+    trace();
     forEachPortAttribute([](const PortAttribute &attribute) {
         const PortWords current = wordsOf(gSysConfig->ports, attribute.field);
         if (current != wordsOf(gDefConfig->ports, attribute.field)) appendValueBlocks(current, attribute.lines);
@@ -58,12 +58,12 @@ int full::PortConfigFunc_configure_interface_lan() { return 0; }
 int full::PortConfigFunc_configure_interface_wan() { return 0; }
 int full::InterfaceGroup_configure_ip_group() { return 0; }
 
-int full::WifiConfigFunc_configure_interface() { return trace(__func__); }
+int full::WifiConfigFunc_configure_interface() { return trace(); }
 
 // --------------------------------------------------------------------------------------------- Power over Ethernet
 
 int full::convConfigPOEConfig_POEConfig_configure_poe(const PoeConfig &current) {
-    trace(__func__);
+    trace();
     if (!g_EEPROM.hasPoe()) return 0;
     // The blank that ends most of these lines stands in this mode only.
     appendSwitch(isOn(current.enabled), "poe \n", "no poe\n");
@@ -76,7 +76,7 @@ int full::convConfigPOEConfig_POEConfig_configure_poe(const PoeConfig &current) 
 }
 
 int delta::convConfigPOEConfig_POEConfig_configure_poe(const PoeConfig &current, const PoeConfig &defaults) {
-    trace(__func__);
+    trace();
     if (!g_EEPROM.hasPoe()) return 0;
     if (current.enabled != defaults.enabled) appendSwitch(isOn(current.enabled), "poe\n", "no poe\n");
     if (current.alarmThreshold != defaults.alarmThreshold) append("poe alarm-threshold %d\n", current.alarmThreshold);
@@ -133,7 +133,7 @@ void appendPoeDeviceNames(const PoePortTable &current, const PoePortTable &defau
 // The line of a schedule's name ends with a blank in this mode only.
 int full::convConfigPOEConfig_POEConfig_configure_interface_poe(const PoePortTable &current,
                                                                 const PoePortTable &defaults) {
-    trace(__func__);
+    trace();
     if (!g_EEPROM.hasPoe()) return 0;
     appendPoeEnabled(current);
     forEachGroup<std::uint32_t>(
@@ -151,7 +151,7 @@ int full::convConfigPOEConfig_POEConfig_configure_interface_poe(const PoePortTab
 // is written unless the default image has the very same group; one that stands in the default image alone is not.
 int delta::convConfigPOEConfig_POEConfig_configure_interface_poe(const PoePortTable &current,
                                                                  const PoePortTable &defaults) {
-    trace(__func__);
+    trace();
     if (!g_EEPROM.hasPoe()) return 0;
     if (wordsOf(current, &PoePort::enabled) != wordsOf(defaults, &PoePort::enabled)) appendPoeEnabled(current);
     const PoeWords unbudgeted = portsWithoutBudget(current);

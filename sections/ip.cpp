@@ -7,7 +7,7 @@
 // ----------------------------------------------------------------------------------------------------------- IPv4
 
 int full::convConfigNetConfig_mid_sys_netcfg_ipv4_configure_ip(const Ipv4Interface &current) {
-    trace(__func__);
+    trace();
     // Only the two known modes have a line here; in delta mode every mode but 1 is off.
     if (current.dhcpMode == 1) append("ip address dhcp\n");
     if (current.dhcpMode == 0) append("no ip address dhcp\n");
@@ -18,7 +18,7 @@ int full::convConfigNetConfig_mid_sys_netcfg_ipv4_configure_ip(const Ipv4Interfa
 
 int delta::convConfigNetConfig_mid_sys_netcfg_ipv4_configure_ip(const Ipv4Interface &current,
                                                                 const Ipv4Interface &defaults) {
-    trace(__func__);
+    trace();
     if (current.dhcpMode != defaults.dhcpMode)
         appendSwitch(current.dhcpMode == 1, "ip address dhcp\n", "no ip address dhcp\n");
     if (!sameBytes(current.address, defaults.address) || !sameBytes(current.mask, defaults.mask) ||
@@ -28,15 +28,15 @@ int delta::convConfigNetConfig_mid_sys_netcfg_ipv4_configure_ip(const Ipv4Interf
     return 0;
 }
 
-int full::convConfigNetConfig_mid_sys_ddns_server_configure() { return trace(__func__); }
+int full::convConfigNetConfig_mid_sys_ddns_server_configure() { return trace(); }
 
-int full::convConfigNetConfig_mid_sys_dhcp_server_configure() { return trace(__func__); }
+int full::convConfigNetConfig_mid_sys_dhcp_server_configure() { return trace(); }
 
-int full::convConfigDNSConfig_mid_sys_dns_cfg_configure_ip_name_server() { return trace(__func__); }
+int full::convConfigDNSConfig_mid_sys_dns_cfg_configure_ip_name_server() { return trace(); }
 
-int full::convConfig_mid_forward_dynamic_route_configure() { return trace(__func__); }
+int full::convConfig_mid_forward_dynamic_route_configure() { return trace(); }
 
-int full::convConfig_mid_forward_static_route_idx_configure() { return trace(__func__); }
+int full::convConfig_mid_forward_static_route_idx_configure() { return trace(); }
 
 // ----------------------------------------------------------------------------------------------------------- IPv6
 
@@ -54,7 +54,7 @@ void appendDhcpv6Mode(u8 mode) {
 } // namespace
 
 int full::convConfigNetConfig_mid_sys_netcfg_ipv6_configure_ipv6(const Ipv6Interface &current) {
-    trace(__func__);
+    trace();
     appendSwitch(isOn(current.enabled), "ipv6 enable\n", "no ipv6 enable\n");
     appendSwitch(isOn(current.autoconfiguration), "ipv6 address autoconfig\n", "no ipv6 address autoconfig\n");
     append("ipv6 address link-local %s/%d\n", textOf(current.linkLocal), current.linkLocalPrefixLength);
@@ -67,7 +67,7 @@ int full::convConfigNetConfig_mid_sys_netcfg_ipv6_configure_ipv6(const Ipv6Inter
 
 int delta::convConfigNetConfig_mid_sys_netcfg_ipv6_configure_ipv6(const Ipv6Interface &current,
                                                                   const Ipv6Interface &defaults) {
-    trace(__func__);
+    trace();
     if (current.enabled != defaults.enabled) appendSwitch(isOn(current.enabled), "ipv6 enable\n", "no ipv6 enable\n");
     if (current.autoconfiguration != defaults.autoconfiguration)
         appendSwitch(isOn(current.autoconfiguration), "ipv6 address autoconfig\n", "no ipv6 address autoconfig\n");
@@ -89,20 +89,20 @@ int delta::convConfigNetConfig_mid_sys_netcfg_ipv6_configure_ipv6(const Ipv6Inte
     return 0;
 }
 
-int full::convConfig_mid_sys_netcfg_wan_configure() { return trace(__func__); }
+int full::convConfig_mid_sys_netcfg_wan_configure() { return trace(); }
 
-int full::convConfig_mid_sys_netcfg_ipv4_lan_configure() { return trace(__func__); }
+int full::convConfig_mid_sys_netcfg_ipv4_lan_configure() { return trace(); }
 
-int full::convConfig_mid_sys_netcfg_wan_ipv6_configure() { return trace(__func__); }
+int full::convConfig_mid_sys_netcfg_wan_ipv6_configure() { return trace(); }
 
-int full::convConfig_mid_sys_netcfg_ipv6_lan_configure() { return trace(__func__); }
+int full::convConfig_mid_sys_netcfg_ipv6_lan_configure() { return trace(); }
 
-int full::convConfig_mid_sys_dhcpv6_server_configure() { return trace(__func__); }
+int full::convConfig_mid_sys_dhcpv6_server_configure() { return trace(); }
 
-int full::convConfig_mid_sys_dhcpv6_srv_state_idx_configure() { return trace(__func__); }
+int full::convConfig_mid_sys_dhcpv6_srv_state_idx_configure() { return trace(); }
 
-int full::convConfig_mid_sys_radvd_configure() { return trace(__func__); }
+int full::convConfig_mid_sys_radvd_configure() { return trace(); }
 
-int full::convConfig_mid_sys_ddns_ipv6_configure() { return trace(__func__); }
+int full::convConfig_mid_sys_ddns_ipv6_configure() { return trace(); }
 
-int full::convConfig_mid_forward_static_ipv6_route_idx_configure() { return trace(__func__); }
+int full::convConfig_mid_forward_static_ipv6_route_idx_configure() { return trace(); }

@@ -30,13 +30,13 @@ void appendMembers(const Bitmap<Bytes> &members, typename AsIs<Format<Value>>::t
 
 // ---------------------------------------------------------------------------------------------------- VLANs, globally
 
-int full::convConfigVLANConfig_mid_vlan_lan_configure() { return trace(__func__); }
+int full::convConfigVLANConfig_mid_vlan_lan_configure() { return trace(); }
 
 // Full mode has no line for the VLAN mode.
-int full::convConfigVLANConfig_mid_sys_vlan_config_configure_vlan() { return trace(__func__); }
+int full::convConfigVLANConfig_mid_sys_vlan_config_configure_vlan() { return trace(); }
 
 int delta::convConfigVLANConfig_mid_sys_vlan_config_configure_vlan(const u8 &current, const u8 &defaults) {
-    trace(__func__);
+    trace();
     if (current == defaults) return 0;
     switch (current) {
     case 1: append("vlan port-based\n"); break;
@@ -49,20 +49,20 @@ int delta::convConfigVLANConfig_mid_sys_vlan_config_configure_vlan(const u8 &cur
 }
 
 int full::convConfigQinQConfig_QinQConfig_configure_vlan_dot1q_tunnel(const QinQConfig &current) {
-    trace(__func__);
+    trace();
     append("vlan dot1q-tunnel ethertype %X\n", current.ethertype);
     return 0;
 }
 
 // Written whether or not it was changed.
 int delta::convConfigQinQConfig_QinQConfig_configure_vlan_dot1q_tunnel(const QinQConfig &current) {
-    trace(__func__);
+    trace();
     append("vlan dot1q-tunnel ethertype %X\n", current.ethertype);
     return 0;
 }
 
 int full::convConfigVLANConfig_mid_vlan_port_iso_config_configure_vlan_isolation(const Isolation &current) {
-    trace(__func__);
+    trace();
     const PortBitmap others = complementOf(current.uplinks);
     // The blank behind the ports is this mode's alone.
     if (!noPort(current.uplinks)) append("vlan isolation up-link-port %s \n", textOf(current.uplinks));
@@ -73,7 +73,7 @@ int full::convConfigVLANConfig_mid_vlan_port_iso_config_configure_vlan_isolation
 
 int delta::convConfigVLANConfig_mid_vlan_port_iso_config_configure_vlan_isolation(const Isolation &current,
                                                                                   const Isolation &defaults) {
-    trace(__func__);
+    trace();
     const PortSetText uplinks = textOf(current.uplinks);
     const PortBitmap others = complementOf(current.uplinks);
     const PortSetText othersText = textOf(others);
@@ -88,7 +88,7 @@ int delta::convConfigVLANConfig_mid_vlan_port_iso_config_configure_vlan_isolatio
 
 int full::convConfigPortVLAN_mid_sys_vlan_portVlan_configure_vlan_port_based(const PortVlanTable &current,
                                                                              const PortVlanTable &defaults) {
-    trace(__func__);
+    trace();
     // What the default has goes first, also where the current table has it too.
     for (const PortVlan &vlan : defaults)
         if (isOn(vlan.inUse)) append("no vlan port-based %s\n", vlan.name);
@@ -102,7 +102,7 @@ int full::convConfigPortVLAN_mid_sys_vlan_portVlan_configure_vlan_port_based(con
 
 int delta::convConfigPortVLAN_mid_sys_vlan_portVlan_configure_vlan_port_based(const PortVlanTable &current,
                                                                               const PortVlanTable &defaults) {
-    trace(__func__);
+    trace();
     for (int i = 0; i < portCount; ++i)
         if (isOn(defaults[i].inUse) && !sameText(defaults[i].name, current[i].name))
             append("no vlan port-based %s\n", defaults[i].name);
@@ -177,7 +177,7 @@ int full::ManageVLANFunc_configure_vlan() {
 }
 
 int delta::ManageVLANFunc_configure_vlan() {
-    trace(__func__);
+    trace();
     const int index = managementVlanIndex(gSysConfig->tagVlans);
     if (index < 0) return 0;
     const TagVlan &vlan = gSysConfig->tagVlans[index];
@@ -216,7 +216,7 @@ bool sameTrunkVlan(const TagVlan &a, const TagVlan &b) { return a.id == b.id && 
 } // namespace
 
 int full::convConfigVLANConfig_mid_sys_vlan_config_configure_interface_vlan(const VlanPortTable &current) {
-    trace(__func__);
+    trace();
     appendAccessVlans(wordsOf(current, &VlanPort::accessVlan));
     // What the default has goes first, also where the current table has it too.
     for (const TagVlan &vlan : gDefConfig->tagVlans)
@@ -229,7 +229,7 @@ int full::convConfigVLANConfig_mid_sys_vlan_config_configure_interface_vlan(cons
 
 int delta::convConfigVLANConfig_mid_sys_vlan_config_configure_interface_vlan(const VlanPortTable &current,
                                                                              const VlanPortTable &defaults) {
-    trace(__func__);
+    trace();
     const PortWords accessVlans = wordsOf(current, &VlanPort::accessVlan);
     if (accessVlans != wordsOf(defaults, &VlanPort::accessVlan)) appendAccessVlans(accessVlans);
 
@@ -248,7 +248,7 @@ int delta::convConfigVLANConfig_mid_sys_vlan_config_configure_interface_vlan(con
 }
 
 int full::convConfigPortVLAN_mid_sys_vlan_portVlan_configure_interface_vlan_port_based(const PortVlanTable &current) {
-    trace(__func__);
+    trace();
     for (const PortVlan &vlan : current)
         if (isOn(vlan.inUse)) appendMembers(vlan.members, "vlan port-based %s\n", vlan.name);
     return 0;
@@ -256,7 +256,7 @@ int full::convConfigPortVLAN_mid_sys_vlan_portVlan_configure_interface_vlan_port
 
 int delta::convConfigPortVLAN_mid_sys_vlan_portVlan_configure_interface_vlan_port_based(const PortVlanTable &current,
                                                                                         const PortVlanTable &defaults) {
-    trace(__func__);
+    trace();
     // A change of the name alone is none.
     for (int i = 0; i < portCount; ++i)
         if (isOn(current[i].inUse) && !samePorts(current[i].members, defaults[i].members))
@@ -278,7 +278,7 @@ void appendDefinition(const TagVlan &vlan) {
 } // namespace
 
 int full::convConfigTagVLAN_mid_sys_vlan_tagVlan_configure_vlan(const TagVlanTable &current) {
-    trace(__func__);
+    trace();
     for (const TagVlan &vlan : current)
         if (isNamed(vlan)) appendDefinition(vlan);
     return 0;
@@ -286,21 +286,21 @@ int full::convConfigTagVLAN_mid_sys_vlan_tagVlan_configure_vlan(const TagVlanTab
 
 int delta::convConfigTagVLAN_mid_sys_vlan_tagVlan_configure_vlan(const TagVlanTable &current,
                                                                  const TagVlanTable &defaults) {
-    trace(__func__);
+    trace();
     // Any byte of the entry makes a change, those that are not written included.
     for (std::size_t i = 0; i < std::size(current); ++i)
         if (isNamed(current[i]) && !sameBytes(current[i], defaults[i])) appendDefinition(current[i]);
     return 0;
 }
 
-int full::convConfigVLANConfig_mid_sys_vlan_config_configure_interface_lan_vlan() { return trace(__func__); }
+int full::convConfigVLANConfig_mid_sys_vlan_config_configure_interface_lan_vlan() { return trace(); }
 
-int full::convConfigVLANConfig_mid_sys_vlan_config_configure_interface_wan_vlan() { return trace(__func__); }
+int full::convConfigVLANConfig_mid_sys_vlan_config_configure_interface_wan_vlan() { return trace(); }
 
 // ------------------------------------------------------------------------------------------ spanning tree and BPDUs
 
 int full::convConfigSTPConfig_STPConfig_configure_spanning_tree() {
-    trace(__func__);
+    trace();
     const StpConfig &current = gSysConfig->stp;
     append("spanning-tree priority %d\n", current.priority);
     append("spanning-tree max-age %d\n", current.maxAge);
@@ -322,7 +322,7 @@ int full::convConfigSTPConfig_STPConfig_configure_spanning_tree() {
 }
 
 int delta::convConfigSTPConfig_STPConfig_configure_spanning_tree(const StpConfig &current, const StpConfig &defaults) {
-    trace(__func__);
+    trace();
     if (current.priority != defaults.priority) append("spanning-tree priority %d\n", current.priority);
     if (current.maxAge != defaults.maxAge) append("spanning-tree max-age %d\n", current.maxAge);
     if (current.helloTime != defaults.helloTime) append("spanning-tree hello-time %d\n", current.helloTime);
@@ -351,7 +351,7 @@ int delta::convConfigSTPConfig_STPConfig_configure_spanning_tree(const StpConfig
 
 // The lines stand neither in the order of the flags nor in that of the ranges.
 int full::convConfigSwitchConfig_SwitchConfig_configure_switch_bpdu(const SwitchConfig &current) {
-    trace(__func__);
+    trace();
     appendSwitch(isOn(current.blockBpdu00to0F), "no switch bpdu 00-0F\n", "switch bpdu 00-0F permit\n");
     appendSwitch(isOn(current.blockBpdu20to2F), "no switch bpdu 20-2F\n", "switch bpdu 20-2F permit\n");
     appendSwitch(isOn(current.blockBpdu10), "no switch bpdu 10\n", "switch bpdu 10 permit\n");
@@ -360,7 +360,7 @@ int full::convConfigSwitchConfig_SwitchConfig_configure_switch_bpdu(const Switch
 
 int delta::convConfigSwitchConfig_SwitchConfig_configure_switch_bpdu(const SwitchConfig &current,
                                                                      const SwitchConfig &defaults) {
-    trace(__func__);
+    trace();
     if (current.blockBpdu00to0F != defaults.blockBpdu00to0F)
         appendSwitch(isOn(current.blockBpdu00to0F), "no switch bpdu 00-0F\n", "switch bpdu 00-0F permit\n");
     if (current.blockBpdu20to2F != defaults.blockBpdu20to2F)
@@ -404,7 +404,7 @@ void appendStpPointToPoint(const PortWords &values) {
 } // namespace
 
 int full::convConfigSTPConfig_STPConfig_configure_interface_spanning_tree(const StpPorts &current) {
-    trace(__func__);
+    trace();
     appendStpSwitches(wordsOf(current.enabled));
     appendStpCosts(wordsOf(current.cost));
     appendStpPriorities(wordsOf(current.priority));
@@ -415,7 +415,7 @@ int full::convConfigSTPConfig_STPConfig_configure_interface_spanning_tree(const 
 
 int delta::convConfigSTPConfig_STPConfig_configure_interface_spanning_tree(const StpPorts &current,
                                                                            const StpPorts &defaults) {
-    trace(__func__);
+    trace();
     if (!sameBytes(current.enabled, defaults.enabled)) appendStpSwitches(wordsOf(current.enabled));
     if (!sameBytes(current.cost, defaults.cost)) appendStpCosts(wordsOf(current.cost));
     if (!sameBytes(current.priority, defaults.priority)) appendStpPriorities(wordsOf(current.priority));
@@ -427,7 +427,7 @@ int delta::convConfigSTPConfig_STPConfig_configure_interface_spanning_tree(const
 // ------------------------------------------------------------------------------------------------- link aggregation
 
 int full::convConfigPortTrunk_PortTrunk_configure_channel_group(const TrunkTable &current) {
-    trace(__func__);
+    trace();
     for (const TrunkGroup &group : current)
         if (isOn(group.inUse)) append("channel-group trunking %s\n", group.name);
     return 0;
@@ -435,7 +435,7 @@ int full::convConfigPortTrunk_PortTrunk_configure_channel_group(const TrunkTable
 
 // Written whether or not they were changed.
 int delta::convConfigPortTrunk_PortTrunk_configure_channel_group(const TrunkTable &current) {
-    trace(__func__);
+    trace();
     for (const TrunkGroup &group : current)
         if (isOn(group.inUse)) append("channel-group trunking %s\n", group.name);
     return 0;
@@ -443,7 +443,7 @@ int delta::convConfigPortTrunk_PortTrunk_configure_channel_group(const TrunkTabl
 
 // The destination of each pair goes before the source and the addresses of layer 2 go last, against the stored order.
 int full::convConfigPortTrunkMode_PortTrunkMode_configure_channel_group(const DistributionRules &current) {
-    trace(__func__);
+    trace();
     appendSwitch(isOn(current.destinationIp), "channel-group distribution-rule destination-ip\n",
                  "no channel-group distribution-rule destination-ip\n");
     appendSwitch(isOn(current.sourceIp), "channel-group distribution-rule source-ip\n",
@@ -461,7 +461,7 @@ int full::convConfigPortTrunkMode_PortTrunkMode_configure_channel_group(const Di
 
 int delta::convConfigPortTrunkMode_PortTrunkMode_configure_channel_group(const DistributionRules &current,
                                                                          const DistributionRules &defaults) {
-    trace(__func__);
+    trace();
     if (current.destinationIp != defaults.destinationIp)
         appendSwitch(isOn(current.destinationIp), "channel-group distribution-rule destination-ip\n",
                      "no channel-group distribution-rule destination-ip\n");
@@ -508,7 +508,7 @@ constexpr unsigned lacpKeys = 256;
 
 // The ports of a key stand in a list that ends with a blank, those of a role or of a switch in one that does not.
 int full::convConfigLACPConfig_mid_sys_lacp_configure_interface_channel_group_lacp(const LacpConfig &current) {
-    trace(__func__);
+    trace();
     for (unsigned key = 0; key < lacpKeys; ++key) {
         const PortWords ports = portsWithKey(current, key);
         if (CHECK_HAS_MEMBER_INT(ports.data(), 1)) appendKey(ports, key);
@@ -522,7 +522,7 @@ int full::convConfigLACPConfig_mid_sys_lacp_configure_interface_channel_group_la
 
 int delta::convConfigLACPConfig_mid_sys_lacp_configure_interface_channel_group_lacp(const LacpConfig &current,
                                                                                     const LacpConfig &defaults) {
-    trace(__func__);
+    trace();
     for (unsigned key = 0; key < lacpKeys; ++key) {
         const PortWords ports = portsWithKey(current, key);
         if (CHECK_HAS_MEMBER_INT(ports.data(), 1) && ports != portsWithKey(defaults, key)) appendKey(ports, key);
@@ -535,7 +535,7 @@ int delta::convConfigLACPConfig_mid_sys_lacp_configure_interface_channel_group_l
 }
 
 int full::convConfigPortTrunk_PortTrunk_configure_interface_channel_group_trunking(const TrunkTable &current) {
-    trace(__func__);
+    trace();
     for (const TrunkGroup &group : current)
         if (isOn(group.inUse)) appendMembers(group.members, "channel-group trunking %s\n", group.name);
     return 0;
@@ -543,7 +543,7 @@ int full::convConfigPortTrunk_PortTrunk_configure_interface_channel_group_trunki
 
 int delta::convConfigPortTrunk_PortTrunk_configure_interface_channel_group_trunking(const TrunkTable &current,
                                                                                     const TrunkTable &defaults) {
-    trace(__func__);
+    trace();
     // A change of the name alone is none.
     for (std::size_t i = 0; i < std::size(current); ++i)
         if (isOn(current[i].inUse) && !samePorts(current[i].members, defaults[i].members))
@@ -554,7 +554,7 @@ int delta::convConfigPortTrunk_PortTrunk_configure_interface_channel_group_trunk
 // ------------------------------------------------------------------------------------------------------------ mirror
 
 int full::convConfigPortMirror_PortMirror_configure_mirror_destination(const PortMirror &current) {
-    trace(__func__);
+    trace();
     if (isOn(current.destinationSet)) append("mirror destination %d\n", current.destinationPort.value() + 1);
     else append("no mirror destination\n");
     return 0;
@@ -562,7 +562,7 @@ int full::convConfigPortMirror_PortMirror_configure_mirror_destination(const Por
 
 int delta::convConfigPortMirror_PortMirror_configure_mirror_destination(const PortMirror &current,
                                                                         const PortMirror &defaults) {
-    trace(__func__);
+    trace();
     if (current.destinationSet == defaults.destinationSet && current.destinationPort == defaults.destinationPort)
         return 0;
     if (isOn(current.destinationSet)) append("mirror destination %d\n", current.destinationPort.value() + 1);
@@ -570,7 +570,7 @@ int delta::convConfigPortMirror_PortMirror_configure_mirror_destination(const Po
     return 0;
 }
 
-int full::convConfigPortMirror_PortMirror_configure_mirror_mode() { return trace(__func__); }
+int full::convConfigPortMirror_PortMirror_configure_mirror_mode() { return trace(); }
 
 namespace {
 
@@ -587,14 +587,14 @@ void appendMirrorSources(const PortBitmap &sources) {
 } // namespace
 
 int full::convConfigPortMirror_PortMirror_configure_mirror_source(const PortMirror &current) {
-    trace(__func__);
+    trace();
     appendMirrorSources(current.sources);
     return 0;
 }
 
 int delta::convConfigPortMirror_PortMirror_configure_mirror_source(const PortMirror &current,
                                                                    const PortMirror &defaults) {
-    trace(__func__);
+    trace();
     // Bits behind the last port count too.
     if (!sameBytes(current.sources, defaults.sources)) appendMirrorSources(current.sources);
     return 0;
@@ -603,7 +603,7 @@ int delta::convConfigPortMirror_PortMirror_configure_mirror_source(const PortMir
 // ---------------------------------------------------------------------------------------------------- loop detection
 
 int full::convConfigLoopDetection_LoopDetection_configure_loop_detection(const LoopDetection &current) {
-    trace(__func__);
+    trace();
     if (g_EEPROM.isType5027()) return 0;
     appendSwitch(isOn(current.enabled), "loop-detection\n", "no loop-detection\n");
     append("loop-detection interval %d\n", current.interval);
@@ -616,7 +616,7 @@ int full::convConfigLoopDetection_LoopDetection_configure_loop_detection(const L
 
 int delta::convConfigLoopDetection_LoopDetection_configure_loop_detection(const LoopDetection &current,
                                                                           const LoopDetection &defaults) {
-    trace(__func__);
+    trace();
     if (g_EEPROM.isType5027()) return 0;
     if (current.enabled != defaults.enabled)
         appendSwitch(isOn(current.enabled), "loop-detection\n", "no loop-detection\n");
@@ -641,7 +641,7 @@ void appendLoopDetectionPorts(const PortWords &ports) {
 } // namespace
 
 int full::convConfigLoopDetection_LoopDetection_configure_interface_loop_detection(const LoopDetection &current) {
-    trace(__func__);
+    trace();
     if (g_EEPROM.isType5027()) return 0;
     appendLoopDetectionPorts(wordsOf(current.ports));
     return 0;
@@ -649,7 +649,7 @@ int full::convConfigLoopDetection_LoopDetection_configure_interface_loop_detecti
 
 int delta::convConfigLoopDetection_LoopDetection_configure_interface_loop_detection(const LoopDetection &current,
                                                                                     const LoopDetection &defaults) {
-    trace(__func__);
+    trace();
     if (g_EEPROM.isType5027()) return 0;
     if (!samePorts(current.ports, defaults.ports)) appendLoopDetectionPorts(wordsOf(current.ports));
     return 0;
@@ -658,14 +658,14 @@ int delta::convConfigLoopDetection_LoopDetection_configure_interface_loop_detect
 // --------------------------------------------------------------------------------------------- the MAC address table
 
 int full::convConfigSwitchConfig_SwitchConfig_configure_mac(const SwitchConfig &current) {
-    trace(__func__);
+    trace();
     append("mac address-table aging-time %d\n", current.macAgingTime);
     return 0;
 }
 
 int delta::convConfigSwitchConfig_SwitchConfig_configure_mac(const SwitchConfig &current,
                                                              const SwitchConfig &defaults) {
-    trace(__func__);
+    trace();
     if (current.macAgingTime != defaults.macAgingTime)
         append("mac address-table aging-time %d\n", current.macAgingTime);
     return 0;
@@ -683,7 +683,7 @@ void appendStaticMac(const MacEntry &entry) {
 } // namespace
 
 int full::convConfigMacTable_MacTable_configure_interface_mac_address_table(const MacTable &current) {
-    trace(__func__);
+    trace();
     for (const MacEntry &entry : current)
         if (isOn(entry.inUse)) appendStaticMac(entry);
     return 0;
@@ -691,7 +691,7 @@ int full::convConfigMacTable_MacTable_configure_interface_mac_address_table(cons
 
 int delta::convConfigMacTable_MacTable_configure_interface_mac_address_table(const MacTable &current,
                                                                              const MacTable &defaults) {
-    trace(__func__);
+    trace();
     // A change of the port or the VLAN alone is none.
     for (std::size_t i = 0; i < std::size(current); ++i)
         if (isOn(current[i].inUse) && !sameBytes(current[i].address, defaults[i].address)) appendStaticMac(current[i]);
@@ -707,14 +707,14 @@ void appendMacLearning(const PortWords &off) {
 } // namespace
 
 int full::convConfigSwitchConfig_SwitchConfig_configure_interface_mac_learning(const MacLearning &current) {
-    trace(__func__);
+    trace();
     appendMacLearning(wordsOf(current.off));
     return 0;
 }
 
 int delta::convConfigSwitchConfig_SwitchConfig_configure_interface_mac_learning(const MacLearning &current,
                                                                                 const MacLearning &defaults) {
-    trace(__func__);
+    trace();
     // All of the record, the word behind the ports included.
     if (!sameBytes(current, defaults)) appendMacLearning(wordsOf(current.off));
     return 0;
@@ -723,7 +723,7 @@ int delta::convConfigSwitchConfig_SwitchConfig_configure_interface_mac_learning(
 // -------------------------------------------------------------------------------------------------------------- LLDP
 
 int full::convConfigLLDPConfig_LLDPConfig_configure_lldp(const LldpConfig &current) {
-    trace(__func__);
+    trace();
     append("lldp hold-time %d\n", current.holdTime);
     append("lldp interval %d\n", current.interval);
     append("lldp packets %d\n", current.packets);
@@ -739,7 +739,7 @@ int full::convConfigLLDPConfig_LLDPConfig_configure_lldp(const LldpConfig &curre
 }
 
 int delta::convConfigLLDPConfig_LLDPConfig_configure_lldp(const LldpConfig &current, const LldpConfig &defaults) {
-    trace(__func__);
+    trace();
     if (current.holdTime != defaults.holdTime) append("lldp hold-time %d\n", current.holdTime);
     if (current.interval != defaults.interval) append("lldp interval %d\n", current.interval);
     if (current.packets != defaults.packets) append("lldp packets %d\n", current.packets);
@@ -766,14 +766,14 @@ void appendLldpPorts(const PortWords &ports) { appendValueBlocks(ports, {{1, "ll
 } // namespace
 
 int full::convConfigLLDPConfig_LLDPConfig_configure_interface_lldp(const LldpConfig &current) {
-    trace(__func__);
+    trace();
     appendLldpPorts(wordsOf(current.ports));
     return 0;
 }
 
 int delta::convConfigLLDPConfig_LLDPConfig_configure_interface_lldp(const LldpConfig &current,
                                                                     const LldpConfig &defaults) {
-    trace(__func__);
+    trace();
     if (!samePorts(current.ports, defaults.ports)) appendLldpPorts(wordsOf(current.ports));
     return 0;
 }

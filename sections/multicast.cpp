@@ -14,7 +14,7 @@ int full::IGMPFilterFunc_configure_ip_igmp_filter() {
 }
 
 int delta::IGMPFilterFunc_configure_ip_igmp_filter(const PortFilters &current, const PortFilters &defaults) {
-    trace(__func__);
+    trace();
     if (current.filterSwitch() != defaults.filterSwitch())
         appendSwitch(isOn(current.filterSwitch()), "ip igmp filter\n", "no ip igmp filter\n");
     return 0;
@@ -23,7 +23,7 @@ int delta::IGMPFilterFunc_configure_ip_igmp_filter(const PortFilters &current, c
 // --------------------------------------------------------------------------------------------- segments and profiles
 
 int full::convConfigIPMCSegment_IPMCSegment_configure_ip_igmp_segment(const MulticastSegmentTable &current) {
-    trace(__func__);
+    trace();
     for (const MulticastSegment &segment : current) {
         if (!isOn(segment.valid)) continue;
         append("ip igmp segment %d\n", segment.id);
@@ -36,7 +36,7 @@ int full::convConfigIPMCSegment_IPMCSegment_configure_ip_igmp_segment(const Mult
 
 int delta::convConfigIPMCSegment_IPMCSegment_configure_ip_igmp_segment(const MulticastSegmentTable &current,
                                                                        const MulticastSegmentTable &defaults) {
-    trace(__func__);
+    trace();
     for (std::size_t i = 0; i < std::size(current); ++i) {
         const MulticastSegment &segment = current[i];
         if (!isOn(segment.valid)) continue;
@@ -52,7 +52,7 @@ int delta::convConfigIPMCSegment_IPMCSegment_configure_ip_igmp_segment(const Mul
 }
 
 int full::convConfigIPMCProfile_IPMCProfile_configure_ip_igmp_profile(const MulticastProfileTable &current) {
-    trace(__func__);
+    trace();
     for (const MulticastProfile &profile : current) {
         if (!isOn(profile.valid)) continue;
         append("ip igmp profile %s\n", profile.name);
@@ -65,7 +65,7 @@ int full::convConfigIPMCProfile_IPMCProfile_configure_ip_igmp_profile(const Mult
 
 int delta::convConfigIPMCProfile_IPMCProfile_configure_ip_igmp_profile(const MulticastProfileTable &current,
                                                                        const MulticastProfileTable &defaults) {
-    trace(__func__);
+    trace();
     for (std::size_t i = 0; i < std::size(current); ++i) {
         const MulticastProfile &profile = current[i];
         if (!isOn(profile.valid)) continue;
@@ -95,7 +95,7 @@ void appendRouterPorts(const IgmpSnooping &igmp) {
 } // namespace
 
 int full::convConfigIGMPConfig_IGMPConfig_configure_ip_igmp(const IgmpSnooping &current) {
-    trace(__func__);
+    trace();
     if (g_EEPROM.isType5027()) return 0;
     appendSwitch(isOn(current.enabled), "ip igmp snooping\n", "no ip igmp snooping\n");
     appendSwitch(isOn(current.version3), "ip igmp snooping version-3\n", "no ip igmp snooping version-3\n");
@@ -106,7 +106,7 @@ int full::convConfigIGMPConfig_IGMPConfig_configure_ip_igmp(const IgmpSnooping &
 
 int delta::convConfigIGMPConfig_IGMPConfig_configure_ip_igmp(const IgmpSnooping &current,
                                                              const IgmpSnooping &defaults) {
-    trace(__func__);
+    trace();
     if (g_EEPROM.isType5027()) return 0;
     if (current.enabled != defaults.enabled)
         appendSwitch(isOn(current.enabled), "ip igmp snooping\n", "no ip igmp snooping\n");
@@ -119,7 +119,7 @@ int delta::convConfigIGMPConfig_IGMPConfig_configure_ip_igmp(const IgmpSnooping 
 }
 
 int full::convConfigIGMPSetting_IGMPSetting_configure_ip_igmp_snooping(const IgmpSnooping &current) {
-    trace(__func__);
+    trace();
     if (g_EEPROM.isType5027()) return 0;
     appendSwitch(isOn(current.immediateLeave), "ip igmp snooping immediate-leave\n",
                  "no ip igmp snooping immediate-leave\n");
@@ -130,7 +130,7 @@ int full::convConfigIGMPSetting_IGMPSetting_configure_ip_igmp_snooping(const Igm
 
 int delta::convConfigIGMPSetting_IGMPSetting_configure_ip_igmp_snooping(const IgmpSnooping &current,
                                                                         const IgmpSnooping &defaults) {
-    trace(__func__);
+    trace();
     if (g_EEPROM.isType5027()) return 0;
     if (current.immediateLeave != defaults.immediateLeave)
         appendSwitch(isOn(current.immediateLeave), "ip igmp snooping immediate-leave\n",
@@ -252,7 +252,7 @@ int full::IGMPFilterFunc_configure_interface_ip_igmp_filter() {
 // Both images are walked in step. A group is compared with what the default image has marked at the same port and slot:
 // its own group, or, where it forms none there, the marks as they were left.
 int delta::IGMPFilterFunc_configure_interface_ip_igmp_filter() {
-    trace(__func__);
+    trace();
     const PortFilters &current = gSysConfig->portFilters;
     const PortFilters &defaults = gDefConfig->portFilters;
     const PortWords enabled = wordsOf(current.port, &PortFilter::enabled);
@@ -289,7 +289,7 @@ int delta::IGMPFilterFunc_configure_interface_ip_igmp_filter() {
 
 int full::convConfigMulticastTable_MulticastTable_configure_interface_ip_igmp_static_multicast_ip(
     const MulticastTable &current) {
-    trace(__func__);
+    trace();
     for (const MulticastEntry &entry : current) {
         if (!isOn(entry.valid)) continue;
         append("interface %d\n", entry.port + 1);
@@ -302,7 +302,7 @@ int full::convConfigMulticastTable_MulticastTable_configure_interface_ip_igmp_st
 // Only the address decides: an entry that moved to another port or VLAN is not written.
 int delta::convConfigMulticastTable_MulticastTable_configure_interface_ip_igmp_static_multicast_ip(
     const MulticastTable &current, const MulticastTable &defaults) {
-    trace(__func__);
+    trace();
     for (std::size_t i = 0; i < std::size(current); ++i) {
         const MulticastEntry &entry = current[i];
         if (!isOn(entry.valid)) continue;
@@ -326,7 +326,7 @@ constexpr int lastVlan = 4094;
 } // namespace
 
 int full::convConfigIGMPVIDSetting_IGMPVIDSetting_configure_ip_igmp(const IgmpVlans &current) {
-    trace(__func__);
+    trace();
     for (int vlan = firstVlan; vlan <= lastVlan; ++vlan) {
         if (utilBitmapCheck(current.inUse.bytes, vlan) != 1) continue;
         const IgmpVlan &igmp = current.vlan[vlan];
@@ -340,7 +340,7 @@ int full::convConfigIGMPVIDSetting_IGMPVIDSetting_configure_ip_igmp(const IgmpVl
 
 int delta::convConfigIGMPVIDSetting_IGMPVIDSetting_configure_ip_igmp(const IgmpVlans &current,
                                                                      const IgmpVlans &defaults) {
-    trace(__func__);
+    trace();
     for (int vlan = firstVlan; vlan <= lastVlan; ++vlan) {
         if (utilBitmapCheck(current.inUse.bytes, vlan) != 1) continue;
         const IgmpVlan &igmp = current.vlan[vlan];

@@ -51,7 +51,7 @@ template <std::size_t Count> void appendQueueMap(const u8 (&queueOf)[Count], For
 } // namespace
 
 int full::convConfigPriorityConfig_PriorityConfig_configure_qos(const PriorityConfig &current) {
-    trace(__func__);
+    trace();
     appendPriorityMode(current);
     appendQueueMap(current.queueOfDscp, "qos dscp-map %s %d\n");
     appendQueuingMode(current);
@@ -63,7 +63,7 @@ int full::convConfigPriorityConfig_PriorityConfig_configure_qos(const PriorityCo
 // The 802.1p map has no lines in this mode.
 int delta::convConfigPriorityConfig_PriorityConfig_configure_qos(const PriorityConfig &current,
                                                                  const PriorityConfig &defaults) {
-    trace(__func__);
+    trace();
     if (current.mode != defaults.mode) appendPriorityMode(current);
     if (!sameBytes(current.queueOfDscp, defaults.queueOfDscp))
         appendQueueMap(current.queueOfDscp, "qos dscp-map %s %d\n");
@@ -92,21 +92,21 @@ void append8021pRemarking(const Remarking &config) {
 } // namespace
 
 int full::convConfigDSCPRemark_DSCPRemark_configure_qos(const Remarking &current) {
-    trace(__func__);
+    trace();
     appendDscpRemarking(current);
     append8021pRemarking(current);
     return 0;
 }
 
 int delta::convConfigDSCPRemark_DSCPRemark_configure_qos(const Remarking &current, const Remarking &defaults) {
-    trace(__func__);
+    trace();
     if (current.dscpMode != defaults.dscpMode) appendDscpRemarking(current);
     if (current.remark8021p != defaults.remark8021p) append8021pRemarking(current);
     return 0;
 }
 
 int full::convConfigDSCPPriority_DSCPPriority_configure_qos_remarking(const Remarking &current) {
-    trace(__func__);
+    trace();
     int number = 1;
     for (const RemarkDscp &entry : current.dscp) {
         append("qos remarking dscp-map %d\n", number++);
@@ -120,7 +120,7 @@ int full::convConfigDSCPPriority_DSCPPriority_configure_qos_remarking(const Rema
 // The markers are set for good, in both images. The byte that is not read counts as a difference all the same: it gives
 // a block without lines.
 int delta::convConfigDSCPPriority_DSCPPriority_configure_qos_remarking(Remarking &current, Remarking &defaults) {
-    trace(__func__);
+    trace();
     for (int i = 0; i < 8; ++i) {
         RemarkDscp &entry = current.dscp[i];
         RemarkDscp &standard = defaults.dscp[i];
@@ -148,7 +148,7 @@ int full::PbitPriorityFunc_configure_qos_remarking() {
 
 // As for the DSCP entries: the markers stay set, and bytes that are not read count.
 int delta::PbitPriorityFunc_configure_qos_remarking(Remarking &current, Remarking &defaults) {
-    trace(__func__);
+    trace();
     for (int i = 0; i < 8; ++i) {
         RemarkPriority &entry = current.priority[i];
         RemarkPriority &standard = defaults.priority[i];
@@ -165,14 +165,14 @@ int delta::PbitPriorityFunc_configure_qos_remarking(Remarking &current, Remarkin
 // ---------------------------------------------------------------------------------------------- management traffic
 
 int full::convConfigVLANConfig_mid_sys_vlan_config_configure_qos(const PriorityConfig &current) {
-    trace(__func__);
+    trace();
     append("qos management-priority %d\n", current.managementPriority);
     return 0;
 }
 
 int delta::convConfigVLANConfig_mid_sys_vlan_config_configure_qos(const PriorityConfig &current,
                                                                   const PriorityConfig &defaults) {
-    trace(__func__);
+    trace();
     if (current.managementPriority != defaults.managementPriority)
         append("qos management-priority %d\n", current.managementPriority);
     return 0;
@@ -207,7 +207,7 @@ void appendEgressRates(const RateLimits &config) {
 
 // Only the ports that are not in a set of limited ones have a block for it; the egress line ends with a blank.
 int full::convConfigRateLimitConfig2_RateLimitConfig2_configure_interface_qos(const RateLimits &current) {
-    trace(__func__);
+    trace();
     appendIngressRates(current);
     appendValueBlocks(wordsOf(current.ingressPorts), {{0, "qos rate-limit ingress 0\n"}});
     appendEgressRates(current);
@@ -218,7 +218,7 @@ int full::convConfigRateLimitConfig2_RateLimitConfig2_configure_interface_qos(co
 // Here the egress line has no blank.
 int delta::convConfigRateLimitConfig2_RateLimitConfig2_configure_interface_qos(const RateLimits &current,
                                                                                const RateLimits &defaults) {
-    trace(__func__);
+    trace();
     if (!sameBytes(current.ingress, defaults.ingress)) appendIngressRates(current);
     if (!sameBytes(current.ingressPorts, defaults.ingressPorts))
         appendValueBlocks(wordsOf(current.ingressPorts), {{0, "qos rate-limit ingress 0\n"}});
@@ -248,7 +248,7 @@ void appendUserPriorities(const PriorityConfig &config) {
 } // namespace
 
 int full::convConfigVLANConfig_VLANConfig_configure_interface_qos(const PriorityConfig &current) {
-    trace(__func__);
+    trace();
     appendUserPriorities(current);
     return 0;
 }
@@ -256,7 +256,7 @@ int full::convConfigVLANConfig_VLANConfig_configure_interface_qos(const Priority
 // 29 bytes are compared, one more than there are ports: the last is the management priority.
 int delta::convConfigVLANConfig_VLANConfig_configure_interface_qos(const PriorityConfig &current,
                                                                    const PriorityConfig &defaults) {
-    trace(__func__);
+    trace();
     const bool same = sameBytes(current.userPriority, defaults.userPriority) &&
                       current.managementPriority == defaults.managementPriority;
     if (!same) appendUserPriorities(current);
@@ -265,18 +265,18 @@ int delta::convConfigVLANConfig_VLANConfig_configure_interface_qos(const Priorit
 
 // ------------------------------------------------------------------------------------------- sections without text
 
-int full::convConfigPriorityConfig_PriorityConfig_configure_interface_qos() { return trace(__func__); }
+int full::convConfigPriorityConfig_PriorityConfig_configure_interface_qos() { return trace(); }
 
-int full::convConfigDSCPRemark_DSCPRemark_configure_interface_qos() { return trace(__func__); }
+int full::convConfigDSCPRemark_DSCPRemark_configure_interface_qos() { return trace(); }
 
-int full::convConfigPriorityConfig_PriorityConfig_configure_interface_lan_qos() { return trace(__func__); }
+int full::convConfigPriorityConfig_PriorityConfig_configure_interface_lan_qos() { return trace(); }
 
-int full::convConfigRateLimitConfig2_RateLimitConfig2_configure_interface_lan_qos() { return trace(__func__); }
+int full::convConfigRateLimitConfig2_RateLimitConfig2_configure_interface_lan_qos() { return trace(); }
 
-int full::convConfigVLANConfig_VLANConfig_configure_interface_lan_qos() { return trace(__func__); }
+int full::convConfigVLANConfig_VLANConfig_configure_interface_lan_qos() { return trace(); }
 
-int full::convConfigPriorityConfig_PriorityConfig_configure_interface_wan_qos() { return trace(__func__); }
+int full::convConfigPriorityConfig_PriorityConfig_configure_interface_wan_qos() { return trace(); }
 
-int full::convConfigRateLimitConfig2_RateLimitConfig2_configure_interface_wan_qos() { return trace(__func__); }
+int full::convConfigRateLimitConfig2_RateLimitConfig2_configure_interface_wan_qos() { return trace(); }
 
-int full::convConfigVLANConfig_VLANConfig_configure_interface_wan_qos() { return trace(__func__); }
+int full::convConfigVLANConfig_VLANConfig_configure_interface_wan_qos() { return trace(); }

@@ -31,7 +31,7 @@ void appendAction(const AclRule &rule) {
 // Which lines end with a blank is irregular, and another matter in each mode: compare the two line by line.
 
 int full::convConfigACLControl_ACLControl_configure_acl(const AclTable &current) {
-    trace(__func__);
+    trace();
     for (const AclRule &rule : current) {
         if (!isOn(rule.valid)) continue;
         append("acl %d\n", rule.number);
@@ -101,7 +101,7 @@ int full::convConfigACLControl_ACLControl_configure_acl(const AclTable &current)
 }
 
 int delta::convConfigACLControl_ACLControl_configure_acl(const AclTable &current, const AclTable &defaults) {
-    trace(__func__);
+    trace();
     const AclRule *before = defaults;
     for (const AclRule &rule : current) {
         const AclRule &was = *before++;
@@ -208,7 +208,7 @@ int delta::convConfigACLControl_ACLControl_configure_acl(const AclTable &current
 // ---------------------------------------------------------------------------------------------------- 802.1X, switch
 
 int full::convConfigDOT1XConfig_DOT1XConfig_configure_dot1x(const Dot1xConfig &current) {
-    trace(__func__);
+    trace();
     appendSwitch(isOn(current.enabled), "dot1x\n", "no dot1x\n");
     append("dot1x reauth-period %d\n", current.reauthPeriod);
     appendSwitch(isOn(current.reauthentication), "dot1x reauthentication\n", "no dot1x reauthentication\n");
@@ -219,7 +219,7 @@ int full::convConfigDOT1XConfig_DOT1XConfig_configure_dot1x(const Dot1xConfig &c
 }
 
 int delta::convConfigDOT1XConfig_DOT1XConfig_configure_dot1x(const Dot1xConfig &current, const Dot1xConfig &defaults) {
-    trace(__func__);
+    trace();
     if (current.enabled != defaults.enabled) appendSwitch(isOn(current.enabled), "dot1x\n", "no dot1x\n");
     if (current.reauthPeriod != defaults.reauthPeriod) append("dot1x reauth-period %d\n", current.reauthPeriod);
     if (current.reauthentication != defaults.reauthentication)
@@ -249,7 +249,7 @@ void appendServerPorts(const DhcpSnooping &snooping) {
 } // namespace
 
 int full::convConfigSKAConfig2_SKAConfig2_configure_ip(const DhcpSnooping &current) {
-    trace(__func__);
+    trace();
     const CircuitIds &ids = gSysConfig->circuitIds;
     appendSwitch(isOn(current.enabled), "ip dhcp snooping\n", "no ip dhcp snooping\n");
     append("ip dhcp snooping initiated %d\n", current.initiated);
@@ -275,7 +275,7 @@ int full::convConfigSKAConfig2_SKAConfig2_configure_ip(const DhcpSnooping &curre
 }
 
 int delta::convConfigSKAConfig2_SKAConfig2_configure_ip(const DhcpSnooping &current, const DhcpSnooping &defaults) {
-    trace(__func__);
+    trace();
     const CircuitIds &ids = gSysConfig->circuitIds;
     const CircuitIds &idsBefore = gDefConfig->circuitIds;
     if (current.enabled != defaults.enabled)
@@ -313,14 +313,14 @@ int delta::convConfigSKAConfig2_SKAConfig2_configure_ip(const DhcpSnooping &curr
 // ------------------------------------------------------------------------------ PPPoE intermediate agent, switch
 
 int full::convConfigPPPoEConfig_PPPoEConfig_configure_ip_pppoe(const PppoeConfig &current) {
-    trace(__func__);
+    trace();
     appendSwitch(isOn(current.enabled), "ip pppoe intermediate-agent\n", "no ip pppoe intermediate-agent\n");
     return 0;
 }
 
 int delta::convConfigPPPoEConfig_PPPoEConfig_configure_ip_pppoe(const PppoeConfig &current,
                                                                 const PppoeConfig &defaults) {
-    trace(__func__);
+    trace();
     if (current.enabled != defaults.enabled)
         appendSwitch(isOn(current.enabled), "ip pppoe intermediate-agent\n", "no ip pppoe intermediate-agent\n");
     return 0;
@@ -329,7 +329,7 @@ int delta::convConfigPPPoEConfig_PPPoEConfig_configure_ip_pppoe(const PppoeConfi
 // --------------------------------------------------------------------------------------------------- source bindings
 
 int full::convConfigSecurityIP_SecurityIP_configure_ip_source(const SourceBindingTable &current) {
-    trace(__func__);
+    trace();
     int number = 0;
     for (const SourceBinding &binding : current) {
         ++number;
@@ -345,7 +345,7 @@ int full::convConfigSecurityIP_SecurityIP_configure_ip_source(const SourceBindin
 
 int delta::convConfigSecurityIP_SecurityIP_configure_ip_source(const SourceBindingTable &current,
                                                                const SourceBindingTable &defaults) {
-    trace(__func__);
+    trace();
     int number = 0;
     for (const SourceBinding &binding : current) {
         const SourceBinding &was = defaults[number++];
@@ -365,30 +365,30 @@ int delta::convConfigSecurityIP_SecurityIP_configure_ip_source(const SourceBindi
 }
 
 int full::convConfigSwitchConfig_SwitchConfig_configure_ip_source(const u8 &current) {
-    trace(__func__);
+    trace();
     appendSwitch(isOn(current), "ip source\n", "no ip source\n");
     return 0;
 }
 
 int delta::convConfigSwitchConfig_SwitchConfig_configure_ip_source(const u8 &current, const u8 &defaults) {
-    trace(__func__);
+    trace();
     if (current != defaults) appendSwitch(isOn(current), "ip source\n", "no ip source\n");
     return 0;
 }
 
 // ------------------------------------------------------------------- MAC limit, isolation, storm protection, switch
 
-int full::convConfigSKAConfig2_SKAConfig2_configure_configure_security() { return trace(__func__); }
+int full::convConfigSKAConfig2_SKAConfig2_configure_configure_security() { return trace(); }
 
 int full::convConfigMacLimit_MacLimit_configure_security_mac_limit(const MacLimit &current) {
-    trace(__func__);
+    trace();
     appendSwitch(isOn(current.enabled), "security mac-limit\n", "no security mac-limit\n");
     append("security mac-limit notification threshold interval %d\n", current.notificationInterval);
     return 0;
 }
 
 int delta::convConfigMacLimit_MacLimit_configure_security_mac_limit(const MacLimit &current, const MacLimit &defaults) {
-    trace(__func__);
+    trace();
     if (current.enabled != defaults.enabled)
         appendSwitch(isOn(current.enabled), "security mac-limit\n", "no security mac-limit\n");
     if (current.notificationInterval != defaults.notificationInterval)
@@ -397,7 +397,7 @@ int delta::convConfigMacLimit_MacLimit_configure_security_mac_limit(const MacLim
 }
 
 int full::convConfigPortIsolation_PortIsolation_configure_security_port_isolation(const Isolation &current) {
-    trace(__func__);
+    trace();
     const PortBitmap others = complementOf(current.uplinks);
     if (!noPort(current.uplinks)) append("security port-isolation up-link-port %s \n", textOf(current.uplinks));
     if (!noPort(others)) append("no security port-isolation up-link-port %s \n", textOf(others));
@@ -407,7 +407,7 @@ int full::convConfigPortIsolation_PortIsolation_configure_security_port_isolatio
 
 int delta::convConfigPortIsolation_PortIsolation_configure_security_port_isolation(const Isolation &current,
                                                                                    const Isolation &defaults) {
-    trace(__func__);
+    trace();
     const PortBitmap others = complementOf(current.uplinks);
     const PortBitmap othersBefore = complementOf(defaults.uplinks);
     // No blank at the end of the lists, unlike in full mode.
@@ -427,7 +427,7 @@ const char *stormRate(const be32 &index) { return GET_STORM_RATE_STR(index.value
 } // namespace
 
 int full::convConfigStormControl_StormControl_configure_security_storm_control(const StormControl &current) {
-    trace(__func__);
+    trace();
     if (isOn(current.broadcast)) append("security storm-protection broadcast %s\n", stormRate(current.broadcast));
     else append("no security storm-protection broadcast \n");
     if (isOn(current.multicast)) append("security storm-protection multicast %s\n", stormRate(current.multicast));
@@ -441,7 +441,7 @@ int full::convConfigStormControl_StormControl_configure_security_storm_control(c
 
 int delta::convConfigStormControl_StormControl_configure_security_storm_control(const StormControl &current,
                                                                                 const StormControl &defaults) {
-    trace(__func__);
+    trace();
     // No blank at the end of the "no" forms, unlike in full mode.
     if (current.broadcast != defaults.broadcast) {
         if (isOn(current.broadcast)) append("security storm-protection broadcast %s\n", stormRate(current.broadcast));
@@ -460,12 +460,12 @@ int delta::convConfigStormControl_StormControl_configure_security_storm_control(
     return 0;
 }
 
-int full::convConfigSecurity_HG() { return trace(__func__); }
+int full::convConfigSecurity_HG() { return trace(); }
 
 // ------------------------------------------------------------------------------------------------- 802.1X, by port
 
 int full::convConfigDOT1XConfig_DOT1XConfig_configure_interface_dot1x(const Dot1xConfig &current) {
-    trace(__func__);
+    trace();
     appendValueBlocks(
         bytesOfPorts(current.portControl),
         {{0, "dot1x port-control auto\n"}, {1, "no dot1x port-control\n"}, {2, "dot1x port-control unauthorized\n"}});
@@ -474,7 +474,7 @@ int full::convConfigDOT1XConfig_DOT1XConfig_configure_interface_dot1x(const Dot1
 
 int delta::convConfigDOT1XConfig_DOT1XConfig_configure_interface_dot1x(const Dot1xConfig &current,
                                                                        const Dot1xConfig &defaults) {
-    trace(__func__);
+    trace();
     if (sameBytes(current.portControl, defaults.portControl)) return 0;
     appendValueBlocks(
         bytesOfPorts(current.portControl),
@@ -514,7 +514,7 @@ CircuitId joinedCircuitId(std::size_t index) { return gDefConfig->descriptionAnd
 } // namespace
 
 int full::convConfigSKAConfig_SKAConfig_configure_interface_ip_dhcp_snooping(const DhcpSnoopingPorts &current) {
-    trace(__func__);
+    trace();
     const CircuitIds &ids = gSysConfig->circuitIds;
     appendValueBlocks(bytesOfPorts(current.portOption),
                       {{0, "no ip dhcp snooping option\n"}, {1, "ip dhcp snooping option\n"}});
@@ -530,7 +530,7 @@ int full::convConfigSKAConfig_SKAConfig_configure_interface_ip_dhcp_snooping(con
 
 int delta::convConfigSKAConfig_SKAConfig_configure_interface_ip_dhcp_snooping(const DhcpSnoopingPorts &current,
                                                                               const DhcpSnoopingPorts &defaults) {
-    trace(__func__);
+    trace();
     const CircuitIds &ids = gSysConfig->circuitIds;
     const CircuitIds &idsBefore = gDefConfig->circuitIds;
     if (!sameBytes(current.portOption, defaults.portOption))
@@ -550,7 +550,7 @@ int delta::convConfigSKAConfig_SKAConfig_configure_interface_ip_dhcp_snooping(co
 // --------------------------------------------------------------------------------- PPPoE intermediate agent, by port
 
 int full::convConfigPPPoEConfig_PPPoEConfig_configure_interface_ip_pppoe(const PppoeConfig &current) {
-    trace(__func__);
+    trace();
     appendValueBlocks(wordsOf(current.trusted),
                       {{1, "ip pppoe intermediate-agent trust\n"}, {0, "no ip pppoe intermediate-agent trust\n"}});
     return 0;
@@ -558,7 +558,7 @@ int full::convConfigPPPoEConfig_PPPoEConfig_configure_interface_ip_pppoe(const P
 
 int delta::convConfigPPPoEConfig_PPPoEConfig_configure_interface_ip_pppoe(const PppoeConfig &current,
                                                                           const PppoeConfig &defaults) {
-    trace(__func__);
+    trace();
     if (wordsOf(current.trusted) == wordsOf(defaults.trusted)) return 0;
     appendValueBlocks(wordsOf(current.trusted),
                       {{1, "ip pppoe intermediate-agent trust\n"}, {0, "no ip pppoe intermediate-agent trust\n"}});
@@ -568,7 +568,7 @@ int delta::convConfigPPPoEConfig_PPPoEConfig_configure_interface_ip_pppoe(const 
 // ------------------------------------------------------------------------------------------------------ source guard
 
 int full::convConfigSKAConfig2_SKAConfig2_configure_interface_ip_sourceguard(const SourceGuardModes &current) {
-    trace(__func__);
+    trace();
     appendValueBlocks(bytesOfPorts(current),
                       {{0, "ip sourceguard fixed-ip\n"}, {1, "ip sourceguard dhcp\n"}, {2, "no ip sourceguard \n"}});
     return 0;
@@ -576,7 +576,7 @@ int full::convConfigSKAConfig2_SKAConfig2_configure_interface_ip_sourceguard(con
 
 int delta::convConfigSKAConfig2_SKAConfig2_configure_interface_ip_sourceguard(const SourceGuardModes &current,
                                                                               const SourceGuardModes &defaults) {
-    trace(__func__);
+    trace();
     if (sameBytes(current, defaults)) return 0;
     appendValueBlocks(bytesOfPorts(current),
                       {{0, "ip sourceguard fixed-ip\n"}, {1, "ip sourceguard dhcp\n"}, {2, "no ip sourceguard\n"}});
@@ -585,7 +585,7 @@ int delta::convConfigSKAConfig2_SKAConfig2_configure_interface_ip_sourceguard(co
 
 int full::convConfigStaticIPTable_StaticIPTable_configure_interface_ip_sourceguard_static_ip(
     const SourceGuardTable &current) {
-    trace(__func__);
+    trace();
     for (const SourceGuardEntry &entry : current) {
         if (!isOn(entry.valid)) continue;
         append("interface %d\n", entry.port + 1);
@@ -597,7 +597,7 @@ int full::convConfigStaticIPTable_StaticIPTable_configure_interface_ip_sourcegua
 
 int delta::convConfigStaticIPTable_StaticIPTable_configure_interface_ip_sourceguard_static_ip(
     const SourceGuardTable &current, const SourceGuardTable &defaults) {
-    trace(__func__);
+    trace();
     // The two texts serve all entries and are compared whole: what a longer address left behind the end of a shorter
     // one counts as a difference.
     AddressText address;
@@ -635,7 +635,7 @@ void appendMaximums(const MacLimit &limit) {
 
 int full::convConfigMacLimit_MacLimit_configure_interface_security_mac_limit(const MacLimit &current,
                                                                              const MacLimit &) {
-    trace(__func__);
+    trace();
     appendValueBlocks(wordsOf(current.portEnabled), {{1, "security mac-limit\n"}, {0, "no security mac-limit\n"}});
     appendMaximums(current);
     return 0;
@@ -643,7 +643,7 @@ int full::convConfigMacLimit_MacLimit_configure_interface_security_mac_limit(con
 
 int delta::convConfigMacLimit_MacLimit_configure_interface_security_mac_limit(const MacLimit &current,
                                                                               const MacLimit &defaults) {
-    trace(__func__);
+    trace();
     // The driver hands over the current section twice, so that its run writes nothing here.
     if (!sameBytes(current.portEnabled, defaults.portEnabled))
         appendValueBlocks(wordsOf(current.portEnabled), {{1, "security mac-limit\n"}, {0, "no security mac-limit\n"}});
@@ -651,12 +651,12 @@ int delta::convConfigMacLimit_MacLimit_configure_interface_security_mac_limit(co
     return 0;
 }
 
-int full::convConfigStormControl_StormControl_configure_interface_security() { return trace(__func__); }
+int full::convConfigStormControl_StormControl_configure_interface_security() { return trace(); }
 
 // ------------------------------------------------------------------------------------------------ DHCP server trust
 
 int full::convConfigSKAConfig2_SKAConfig2_configure_interface_ip_dhcp_server_trust(const ServerTrust &current) {
-    trace(__func__);
+    trace();
     appendValueBlocks(bytesOfPorts(current.ports),
                       {{1, "ip dhcp snooping server-trust\n"}, {0, "no ip dhcp snooping server-trust\n"}});
     return 0;
@@ -664,7 +664,7 @@ int full::convConfigSKAConfig2_SKAConfig2_configure_interface_ip_dhcp_server_tru
 
 int delta::convConfigSKAConfig2_SKAConfig2_configure_interface_ip_dhcp_server_trust(const ServerTrust &current,
                                                                                     const ServerTrust &defaults) {
-    trace(__func__);
+    trace();
     if (bytesOfPorts(current.ports) == bytesOfPorts(defaults.ports)) return 0;
     appendValueBlocks(bytesOfPorts(current.ports),
                       {{1, "ip dhcp snooping server-trust\n"}, {0, "no ip dhcp snooping server-trust\n"}});

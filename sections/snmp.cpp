@@ -4,18 +4,21 @@
 #include "format/address.h"
 #include "format/blocks.h"
 #include "platform/board.h"
+#include "platform/util.h"
+
+#include <iterator>
 
 // ---------------------------------------------------------------------------------------------------------- agent
 
 int full::convConfigServiceConfig_mid_sys_service_cfg_configure_snmp_server(const ServiceConfig &current) {
-    trace(__func__);
+    trace();
     appendSwitch(isOn(current.snmpEnabled), "snmp-server\n", "no snmp-server\n");
     return 0;
 }
 
 int delta::convConfigServiceConfig_mid_sys_service_cfg_configure_snmp_server(const ServiceConfig &current,
                                                                              const ServiceConfig &defaults) {
-    trace(__func__);
+    trace();
     if (current.snmpEnabled != defaults.snmpEnabled)
         appendSwitch(isOn(current.snmpEnabled), "snmp-server\n", "no snmp-server\n");
     return 0;
@@ -39,7 +42,7 @@ void appendLevel(u8 level) {
 } // namespace
 
 int full::convConfigAgent_Agent_configure_snmp_server(const CommunityTable &current, const CommunityTable &defaults) {
-    trace(__func__);
+    trace();
     // Every factory community is removed first, also where the current one is the same.
     for (const Community &community : defaults)
         if (isOn(community.inUse) && !community.name.empty()) append("no snmp-server community %s\n", community.name);
@@ -57,7 +60,7 @@ int full::convConfigAgent_Agent_configure_snmp_server(const CommunityTable &curr
 }
 
 int delta::convConfigAgent_Agent_configure_snmp_server(const CommunityTable &current, const CommunityTable &defaults) {
-    trace(__func__);
+    trace();
     for (std::size_t i = 0; i < std::size(current); ++i) {
         const Community &byDefault = defaults[i];
         if (isOn(byDefault.inUse) && !byDefault.name.empty() && !sameText(byDefault.name, current[i].name))
@@ -90,7 +93,7 @@ AddressText addressOf(const TrapDestination &destination) {
 } // namespace
 
 int full::convConfigTrapDest_TrapDest_configure_snmp_server(const TrapDestinationTable &current) {
-    trace(__func__);
+    trace();
     for (std::size_t i = 0; i < std::size(current); ++i) {
         const TrapDestination &destination = current[i];
         if (!isOn(destination.inUse)) continue;
@@ -105,7 +108,7 @@ int full::convConfigTrapDest_TrapDest_configure_snmp_server(const TrapDestinatio
 
 int delta::convConfigTrapDest_TrapDest_configure_snmp_server(const TrapDestinationTable &current,
                                                              const TrapDestinationTable &defaults) {
-    trace(__func__);
+    trace();
     for (std::size_t i = 0; i < std::size(current); ++i) {
         const TrapDestination &destination = current[i];
         const TrapDestination &byDefault = defaults[i];
@@ -183,7 +186,7 @@ bool appendAllTrapTypes(const TrapConfig &current) {
 } // namespace
 
 int full::convConfigTrapConfig_TrapConfig_configure_snmp_server(const TrapConfig &current) {
-    trace(__func__);
+    trace();
     if (appendAllTrapTypes(current)) return 0;
     forEachTrapType(current, current, [](const TrapType &type) { appendSwitch(isOn(type.flag), type.on, type.off); });
     return 0;
@@ -191,7 +194,7 @@ int full::convConfigTrapConfig_TrapConfig_configure_snmp_server(const TrapConfig
 
 int delta::convConfigTrapConfig_TrapConfig_configure_snmp_server(const TrapConfig &current,
                                                                  const TrapConfig &defaults) {
-    trace(__func__);
+    trace();
     // Any byte of the record opens the section, also one that no type reads.
     const bool samePoe = !g_EEPROM.hasPoe() || gSysConfig->poe.traps == gDefConfig->poe.traps;
     if (sameBytes(current, defaults) && samePoe) return 0;

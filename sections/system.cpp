@@ -6,10 +6,12 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
+#include <iterator>
 
-int full::convConfigAdvancedfunction() { return trace(__func__); }
+int full::convConfigAdvancedfunction() { return trace(); }
 
-int full::convConfigApplicationfunction() { return trace(__func__); }
+int full::convConfigApplicationfunction() { return trace(); }
 
 // -------------------------------------------------------------------------------------------------------- archive
 
@@ -33,7 +35,7 @@ void appendArchivePath(const BackupConfig &backup) {
 } // namespace
 
 int full::convConfigBackupConfig_BackupConfig_configure_archive() {
-    trace(__func__);
+    trace();
     const BackupConfig &current = gSysConfig->backup;
     appendSwitch(isOn(current.enabled), "archive auto-backup\n", "no archive auto-backup\n");
     appendArchivePath(current);
@@ -43,7 +45,7 @@ int full::convConfigBackupConfig_BackupConfig_configure_archive() {
 
 int delta::convConfigBackupConfig_BackupConfig_configure_archive(const BackupConfig &current,
                                                                  const BackupConfig &defaults) {
-    trace(__func__);
+    trace();
     if (current.enabled != defaults.enabled)
         appendSwitch(isOn(current.enabled), "archive auto-backup\n", "no archive auto-backup\n");
     if (serverOf(current) != serverOf(defaults) || current.protocol != defaults.protocol ||
@@ -56,9 +58,9 @@ int delta::convConfigBackupConfig_BackupConfig_configure_archive(const BackupCon
 
 // ----------------------------------------------------------------------------------------------------- management
 
-int full::convConfigServiceConfig_mid_sys_remote_access_configure_management() { return trace(__func__); }
+int full::convConfigServiceConfig_mid_sys_remote_access_configure_management() { return trace(); }
 
-int full::convConfigServiceConfig_mid_sys_online_cfg_configure_management() { return trace(__func__); }
+int full::convConfigServiceConfig_mid_sys_online_cfg_configure_management() { return trace(); }
 
 namespace {
 
@@ -84,7 +86,7 @@ void appendRemoteLogin(const ServiceConfig &service) {
 } // namespace
 
 int full::convConfigConsoleConfig_mid_sys_console_cfg_configure_management(const ConsoleConfig &current) {
-    trace(__func__);
+    trace();
     appendConsoleTimeout(current);
     append("management telnet port %d\n", current.telnetPort);
     return 0;
@@ -92,7 +94,7 @@ int full::convConfigConsoleConfig_mid_sys_console_cfg_configure_management(const
 
 int delta::convConfigConsoleConfig_mid_sys_console_cfg_configure_management(const ConsoleConfig &current,
                                                                             const ConsoleConfig &defaults) {
-    trace(__func__);
+    trace();
     if (current.timeout != defaults.timeout || current.timeoutInMinutes != defaults.timeoutInMinutes)
         appendConsoleTimeout(current);
     if (current.telnetPort != defaults.telnetPort) append("management telnet port %d\n", current.telnetPort);
@@ -100,7 +102,7 @@ int delta::convConfigConsoleConfig_mid_sys_console_cfg_configure_management(cons
 }
 
 int full::convConfigServiceConfig_mid_sys_service_cfg_configure_management(const ServiceConfig &current) {
-    trace(__func__);
+    trace();
     appendRemoteLogin(current);
     appendSwitch(isOn(current.webEnabled), "management web\n", "no management web\n");
     append("management web timeout %d\n", gSysConfig->console.webTimeout);
@@ -109,7 +111,7 @@ int full::convConfigServiceConfig_mid_sys_service_cfg_configure_management(const
 
 int delta::convConfigServiceConfig_mid_sys_service_cfg_configure_management(const ServiceConfig &current,
                                                                             const ServiceConfig &defaults) {
-    trace(__func__);
+    trace();
     if (current.remoteLogin != defaults.remoteLogin) appendRemoteLogin(current);
     if (current.webEnabled != defaults.webEnabled)
         appendSwitch(isOn(current.webEnabled), "management web\n", "no management web\n");
@@ -157,7 +159,7 @@ AddressText server2Of(const TimeConfig &time) { return ipv4First(time.server2, t
 } // namespace
 
 int full::convConfigTimeConfig_mid_sys_time_configure_ntp(const ConfigImage &current, const ConfigImage &) {
-    trace(__func__);
+    trace();
     const TimeConfig &time = current.time;
     appendSwitch(isOn(time.ntpEnabled), "ntp\n", "no ntp\n");
     appendDaylightSaving(time);
@@ -170,7 +172,7 @@ int full::convConfigTimeConfig_mid_sys_time_configure_ntp(const ConfigImage &cur
 }
 
 int delta::convConfigTimeConfig_mid_sys_time_configure_ntp(const ConfigImage &current, const ConfigImage &defaults) {
-    trace(__func__);
+    trace();
     const TimeConfig &time = current.time;
     const TimeConfig &byDefault = defaults.time;
     if (time.ntpEnabled != byDefault.ntpEnabled) appendSwitch(isOn(time.ntpEnabled), "ntp\n", "no ntp\n");
@@ -186,25 +188,25 @@ int delta::convConfigTimeConfig_mid_sys_time_configure_ntp(const ConfigImage &cu
     return 0;
 }
 
-int full::convConfigSIP() { return trace(__func__); }
+int full::convConfigSIP() { return trace(); }
 
 // --------------------------------------------------------------------------------------------------------- switch
 
 int full::convConfigSwitchConfig_SwitchConfig_configure_switch(const SwitchConfig &current) {
-    trace(__func__);
+    trace();
     append("switch mtu %d\n", current.mtu);
     return 0;
 }
 
 int delta::convConfigSwitchConfig_SwitchConfig_configure_switch(const SwitchConfig &current,
                                                                 const SwitchConfig &defaults) {
-    trace(__func__);
+    trace();
     if (current.mtu != defaults.mtu) append("switch mtu %d\n", current.mtu);
     return 0;
 }
 
 int full::convConfigSwitchConfig_SwitchConfig_configure_switch_statistics_polling(const StatisticsPolling &current) {
-    trace(__func__);
+    trace();
     // These two lines end in a blank; in delta mode they do not.
     append("switch statistics polling port %d \n", current.ports);
     append("switch statistics polling interval %d \n", current.interval);
@@ -213,7 +215,7 @@ int full::convConfigSwitchConfig_SwitchConfig_configure_switch_statistics_pollin
 
 int delta::convConfigSwitchConfig_SwitchConfig_configure_switch_statistics_polling(const StatisticsPolling &current,
                                                                                    const StatisticsPolling &defaults) {
-    trace(__func__);
+    trace();
     if (current.ports != defaults.ports) append("switch statistics polling port %d\n", current.ports);
     if (current.interval != defaults.interval) append("switch statistics polling interval %d\n", current.interval);
     return 0;
@@ -236,7 +238,7 @@ template <std::size_t Width> void appendIfChanged(const Text<Width> &current, co
 // Written in the order of the keywords, which is not that of the record.
 
 int full::convConfigCompanyInfo_mid_sys_company_info_configure_switch_info(const CompanyInfo &current) {
-    trace(__func__);
+    trace();
     if (!current.companyName.empty()) append("switch-info company-name %s\n", current.companyName);
     append("switch-info cpu-loading-threshold %d\n", gSysConfig->cpuLoadingThreshold);
     if (!current.dhcpVendorId.empty()) append("switch-info dhcp-vendor-id %s\n", current.dhcpVendorId);
@@ -249,7 +251,7 @@ int full::convConfigCompanyInfo_mid_sys_company_info_configure_switch_info(const
 
 int delta::convConfigCompanyInfo_mid_sys_company_info_configure_switch_info(const CompanyInfo &current,
                                                                             const CompanyInfo &defaults) {
-    trace(__func__);
+    trace();
     appendIfChanged(current.companyName, defaults.companyName, "switch-info company-name %s\n",
                     "no switch-info company-name\n");
     if (gSysConfig->cpuLoadingThreshold != gDefConfig->cpuLoadingThreshold)
@@ -277,7 +279,7 @@ AddressText serverOf(const LogConfig &log, std::size_t index) {
 } // namespace
 
 int full::convConfigLogConfig_LogConfig_configure_syslog(const LogConfig &current) {
-    trace(__func__);
+    trace();
     appendSwitch(isOn(current.enabled), "syslog\n", "no syslog\n");
     appendSwitch(isOn(gSysConfig->logTerminalHistory), "syslog logging-type terminal-history\n",
                  "no syslog logging-type terminal-history\n");
@@ -288,7 +290,7 @@ int full::convConfigLogConfig_LogConfig_configure_syslog(const LogConfig &curren
 }
 
 int delta::convConfigLogConfig_LogConfig_configure_syslog(const LogConfig &current, const LogConfig &defaults) {
-    trace(__func__);
+    trace();
     if (current.enabled != defaults.enabled) appendSwitch(isOn(current.enabled), "syslog\n", "no syslog\n");
     if (gSysConfig->logTerminalHistory != gDefConfig->logTerminalHistory)
         appendSwitch(isOn(gSysConfig->logTerminalHistory), "syslog logging-type terminal-history\n",
@@ -305,14 +307,14 @@ int delta::convConfigLogConfig_LogConfig_configure_syslog(const LogConfig &curre
 // ------------------------------------------------------------------------------------------------------- terminal
 
 int full::convConfigterminalConfig_terminalConfig_configure_terminal(const SwitchConfig &current) {
-    trace(__func__);
+    trace();
     append("terminal length %d\n", current.terminalLength);
     return 0;
 }
 
 int delta::convConfigterminalConfig_terminalConfig_configure_terminal(const SwitchConfig &current,
                                                                       const SwitchConfig &defaults) {
-    trace(__func__);
+    trace();
     if (current.terminalLength != defaults.terminalLength) append("terminal length %d\n", current.terminalLength);
     return 0;
 }
@@ -393,7 +395,7 @@ template <class Range> bool sameStartAndEnd(const Range &a, const Range &b) {
 } // namespace
 
 int full::convConfigTimeRangeConfig_TimeRangeConfig_configure_timerange(const TimeRangeTable &current) {
-    trace(__func__);
+    trace();
     for (const TimeRange &range : current) {
         if (range.name.empty()) continue;
         append("time-range %s\n", range.name);
@@ -411,7 +413,7 @@ int full::convConfigTimeRangeConfig_TimeRangeConfig_configure_timerange(const Ti
 
 int delta::convConfigTimeRangeConfig_TimeRangeConfig_configure_timerange(const TimeRangeTable &current,
                                                                          const TimeRangeTable &defaults) {
-    trace(__func__);
+    trace();
     for (std::size_t i = 0; i < std::size(current); ++i) {
         const TimeRange &range = current[i];
         const TimeRange &byDefault = defaults[i];
@@ -432,6 +434,6 @@ int delta::convConfigTimeRangeConfig_TimeRangeConfig_configure_timerange(const T
     return 0;
 }
 
-int full::convConfigUSBControl_USBControl_configure_usb() { return trace(__func__); }
+int full::convConfigUSBControl_USBControl_configure_usb() { return trace(); }
 
-int full::convConfigVoice() { return trace(__func__); }
+int full::convConfigVoice() { return trace(); }

@@ -5,6 +5,9 @@
 #include "format/blocks.h"
 #include "platform/mapi.h"
 
+#include <cstring>
+#include <iterator>
+
 // ------------------------------------------------------------------------------------------------------- accounts
 
 namespace {
@@ -35,7 +38,7 @@ void appendLevel(u8 level) {
 } // namespace
 
 int full::convConfigUser_mid_userauth_index_configure_user(UserTable &current, const UserTable &defaults) {
-    trace(__func__);
+    trace();
     // Every factory account is removed first, also where the current one is the same.
     for (const User &user : defaults)
         if (isOn(user.inUse)) append("no user name %s\n", user.name);
@@ -56,7 +59,7 @@ int full::convConfigUser_mid_userauth_index_configure_user(UserTable &current, c
 }
 
 int delta::convConfigUser_mid_userauth_index_configure_user(UserTable &current, const UserTable &defaults) {
-    trace(__func__);
+    trace();
     for (std::size_t i = 0; i < std::size(current); ++i) {
         const User &byDefault = defaults[i];
         // In use means exactly 1 here; everywhere else any value but 0 does.
@@ -86,13 +89,13 @@ int delta::convConfigUser_mid_userauth_index_configure_user(UserTable &current, 
 }
 
 int full::convConfigUser_PasswordEncryption_configure_user() {
-    trace(__func__);
+    trace();
     appendSwitch(passwordsAreMd5(), "user password-encryption md5\n", "no user password-encryption\n");
     return 0;
 }
 
 int delta::convConfigUser_PasswordEncryption_configure_user() {
-    trace(__func__);
+    trace();
     // There is no default to compare with, and no "no" form.
     if (passwordsAreMd5()) append("user password-encryption md5\n");
     return 0;
@@ -109,7 +112,7 @@ AddressText serverOf(const AuthenticationClient &client, std::size_t index) {
 } // namespace
 
 int full::convConfigRadiusInfo_RadiusInfo_configure_user(const AuthenticationClient &current) {
-    trace(__func__);
+    trace();
     appendSwitch(isOn(current.enabled), "user radius\n", "no user radius\n");
     append("user radius secret %s\n", current.secret);
     append("user radius radius-port %d\n", current.port);
@@ -121,7 +124,7 @@ int full::convConfigRadiusInfo_RadiusInfo_configure_user(const AuthenticationCli
 
 int delta::convConfigRadiusInfo_RadiusInfo_configure_user(const AuthenticationClient &current,
                                                           const AuthenticationClient &defaults) {
-    trace(__func__);
+    trace();
     if (current.enabled != defaults.enabled) appendSwitch(isOn(current.enabled), "user radius\n", "no user radius\n");
     if (!sameText(current.secret, defaults.secret)) append("user radius secret %s\n", current.secret);
     if (current.port != defaults.port) append("user radius radius-port %d\n", current.port);
@@ -134,7 +137,7 @@ int delta::convConfigRadiusInfo_RadiusInfo_configure_user(const AuthenticationCl
 }
 
 int full::convConfigTacacsInfo_Tacacs_configure_user(const AuthenticationClient &current) {
-    trace(__func__);
+    trace();
     appendSwitch(isOn(current.enabled), "user tacacs\n", "no user tacacs\n");
     append("user tacacs secret %s\n", current.secret);
     append("user tacacs tacacs-port %d\n", current.port);
@@ -146,7 +149,7 @@ int full::convConfigTacacsInfo_Tacacs_configure_user(const AuthenticationClient 
 
 int delta::convConfigTacacsInfo_Tacacs_configure_user(const AuthenticationClient &current,
                                                       const AuthenticationClient &defaults) {
-    trace(__func__);
+    trace();
     if (current.enabled != defaults.enabled) appendSwitch(isOn(current.enabled), "user tacacs\n", "no user tacacs\n");
     if (!sameText(current.secret, defaults.secret)) append("user tacacs secret %s\n", current.secret);
     if (current.port != defaults.port) append("user tacacs tacacs-port %d\n", current.port);

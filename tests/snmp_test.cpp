@@ -325,6 +325,22 @@ ROWS(SnmpAgent,
           }),
           "snmp-server community public\nno active\ndescription d\nlevel admin\nexit\n"},
 
+         {"behind the last community", Mode::full, agent,
+          [](auto &now, auto &then) {
+              const Community beyond = someCommunity("beyond");
+              std::memcpy(now.reserved127472.bytes, &beyond, sizeof beyond);
+              std::memcpy(then.reserved127472.bytes, &beyond, sizeof beyond);
+          },
+          ""},
+         {"behind the last community", Mode::delta, agent,
+          [](auto &now, auto &then) {
+              const Community beyond = someCommunity("beyond");
+              const Community before = someCommunity("before");
+              std::memcpy(now.reserved127472.bytes, &beyond, sizeof beyond);
+              std::memcpy(then.reserved127472.bytes, &before, sizeof before);
+          },
+          ""},
+
          {"no destinations", Mode::full, destinations, [](auto &, auto &) {}, ""},
          {"a destination", Mode::full, destinations, onlyDestination([](TrapDestination &) {}),
           "snmp-server trap-destination 3\nactive\ncommunity public\ndestination 198.51.100.16\nexit\n"},
@@ -421,6 +437,10 @@ ROWS(SnmpAgent,
          {"last byte of a destination", Mode::delta, destinations,
           destinationChanged([](TrapDestination &it) { it.reserved46.bytes[5] = 1; }),
           "snmp-server trap-destination 3\nexit\n"},
+         {"behind the last destination", Mode::full, destinations, [](auto &now, auto &) { now.traps.coldStart = 1; },
+          ""},
+         {"behind the last destination", Mode::delta, destinations, [](auto &now, auto &) { now.traps.coldStart = 1; },
+          ""},
          {"order in a destination", Mode::delta, destinations, destinationChanged([](TrapDestination &it) {
               it.active = 0;
               it.community = "c";
@@ -673,23 +693,26 @@ TEST(Snmp, Traces) {
 }
 
 TEST(Snmp, ReturnsZero) {
+    const auto allReturnZero = [] {
+        const ConfigImage &now = *gSysConfig;
+        const ConfigImage &then = *gDefConfig;
+        EXPECT_EQ(0, full::convConfigServiceConfig_mid_sys_service_cfg_configure_snmp_server(now.service));
+        EXPECT_EQ(0,
+                  delta::convConfigServiceConfig_mid_sys_service_cfg_configure_snmp_server(now.service, then.service));
+        EXPECT_EQ(0, full::convConfigAgent_Agent_configure_snmp_server(now.communities, then.communities));
+        EXPECT_EQ(0, delta::convConfigAgent_Agent_configure_snmp_server(now.communities, then.communities));
+        EXPECT_EQ(0, full::convConfigTrapDest_TrapDest_configure_snmp_server(now.trapDestinations));
+        EXPECT_EQ(
+            0, delta::convConfigTrapDest_TrapDest_configure_snmp_server(now.trapDestinations, then.trapDestinations));
+        EXPECT_EQ(0, full::convConfigTrapConfig_TrapConfig_configure_snmp_server(now.traps));
+        EXPECT_EQ(0, delta::convConfigTrapConfig_TrapConfig_configure_snmp_server(now.traps, then.traps));
+    };
     resetAll();
-    for (const std::uint32_t flag : {0U, 1U}) { // with the line for all types, and with a line a type
-        gSysConfig->traps.coldStart = static_cast<u8>(flag);
-        EXPECT_EQ(0, full::convConfigServiceConfig_mid_sys_service_cfg_configure_snmp_server(gSysConfig->service));
-        EXPECT_EQ(0, delta::convConfigServiceConfig_mid_sys_service_cfg_configure_snmp_server(gSysConfig->service,
-                                                                                              gDefConfig->service));
-        EXPECT_EQ(0,
-                  full::convConfigAgent_Agent_configure_snmp_server(gSysConfig->communities, gDefConfig->communities));
-        EXPECT_EQ(0,
-                  delta::convConfigAgent_Agent_configure_snmp_server(gSysConfig->communities, gDefConfig->communities));
-        EXPECT_EQ(0, full::convConfigTrapDest_TrapDest_configure_snmp_server(gSysConfig->trapDestinations));
-        EXPECT_EQ(0, delta::convConfigTrapDest_TrapDest_configure_snmp_server(gSysConfig->trapDestinations,
-                                                                              gDefConfig->trapDestinations));
-        EXPECT_EQ(0, full::convConfigTrapConfig_TrapConfig_configure_snmp_server(gSysConfig->traps));
-        EXPECT_EQ(0,
-                  delta::convConfigTrapConfig_TrapConfig_configure_snmp_server(gSysConfig->traps, gDefConfig->traps));
-    }
+    allReturnZero(); // trap types as by default
+    gDefConfig->traps.warmStart = 1;
+    allReturnZero(); // one line for all trap types
+    gSysConfig->traps.coldStart = 1;
+    allReturnZero(); // a line a trap type
 }
 
 TEST(Snmp, Golden) {

@@ -370,6 +370,22 @@ ROWS(Users,
           }),
           inFull("password p\nlevel ro\nno active\ndescription d\n")},
 
+         {"behind the last place", Mode::full, users,
+          [](auto &now, auto &then) {
+              const User beyond = someUser("beyond");
+              std::memcpy(now.reserved3244.bytes, &beyond, sizeof beyond);
+              std::memcpy(then.reserved3244.bytes, &beyond, sizeof beyond);
+          },
+          ""},
+         {"behind the last place", Mode::delta, users,
+          [](auto &now, auto &then) {
+              const User beyond = someUser("beyond");
+              const User before = someUser("before");
+              std::memcpy(now.reserved3244.bytes, &beyond, sizeof beyond);
+              std::memcpy(then.reserved3244.bytes, &before, sizeof before);
+          },
+          ""},
+
          {"encryption off", Mode::full, encryption, [](auto &, auto &) {}, "no user password-encryption\n"},
          {"encryption on", Mode::full, encryption, [](auto &, auto &) { platform.passwordMethod = 1; },
           "user password-encryption md5\n"},
