@@ -6,11 +6,11 @@
 /// 244 bytes, filled by `mapi_sys_eeprom_info_get`.
 struct BoardRecord {
     Reserved<4> reserved0;
-    be32 boardType;
+    be32 boardType; ///< board type; 5027 has features of its own
     Reserved<160> reserved8;
-    Mac macAddress;
+    Mac macAddress; ///< MAC address of the switch
     Reserved<2> reserved174;
-    be32 capabilities;
+    be32 capabilities; ///< what is fitted: bit 0x100 PoE; either of 0x40 and 0x10 a battery
     Reserved<24> reserved180;
     Text<10> versionOfBank1; ///< firmware version of image bank 1
     Text<10> versionOfBank2; ///< firmware version of image bank 2

@@ -1,0 +1,57 @@
+#!/bin/bash
+# cpack makes a Debian package that lintian finds no fault with, and whose programs run from where it puts them.
+# script/test-package does more: it installs the package on a system of its own.
+. "$(dirname -- "${BASH_SOURCE[0]}")/common.sh"
+
+scratch=$(mktemp -d) || exit 1
+trap 'rm -rf "$scratch"' EXIT
+unset TEXTCFG_STORE
+
+log=$("$root/script/build" release -DCMAKE_BUILD_TYPE=Release 2>&1 </dev/null &&
+    cd "$root/build/release" && umask 022 && cpack -B "$scratch/package" 2>&1) || give_up "no package: $log"
+package=$(echo "$scratch"/package/*.deb)
+[[ -f $package ]] || give_up "no package: $log"
+
+# Messages below warnings concern the compiler's options.
+complaints=$(lintian --allow-root --fail-on error,warning --tag-display-limit 0 "$package" 2>&1) ||
+    found "lintian: $complaints"
+
+# Where everything stands.
+dpkg-deb -x "$package" "$scratch/root" || give_up "the package cannot be unpacked"
+cd "$scratch/root" || exit 1
+for file in usr/bin/textcfg usr/bin/textcfg-store usr/share/man/man1/textcfg.1.gz usr/share/man/man1/textcfg-store.1.gz \
+    usr/include/textcfg/platform/mapi.h usr/include/textcfg/platform/util.h usr/share/doc/textcfg/README.md \
+    usr/share/doc/textcfg/docs/text.md usr/share/doc/textcfg/copyright usr/share/doc/textcfg/changelog.gz \
+    usr/share/doc/textcfg/changelog.Debian.gz usr/share/bash-completion/completions/textcfg \
+    usr/share/bash-completion/completions/textcfg-store; do
+    [[ -s $file ]] || found "the package has no $file"
+done
+while IFS= read -r file; do found "not for everybody to read: $file"; done < <(find . ! -perm -444)
+echo '#include "platform/mapi.h"
+#include "platform/util.h"
+int32_t (*operation)(void) = mapi_start_transc;' >"$scratch/user.c"
+"${CC:-cc}" -std=c11 -Wall -Werror -Iusr/include/textcfg -c "$scratch/user.c" -o "$scratch/user.o" ||
+    found "the installed headers cannot be included"
+
+# It runs, and writes what the build tree's program writes.
+usr/bin/textcfg running_config -f "$scratch/installed.txt" || found "the installed program: status $?"
+"$root/build/release/textcfg" running_config -f "$scratch/built.txt" || found "the built program: status $?"
+cmp "$scratch/installed.txt" "$scratch/built.txt" || found "the installed program writes another text"
+usr/bin/textcfg-store "$scratch/store" || found "the installed textcfg-store: status $?"
+[[ -s $scratch/store/running.img ]] || found "the installed textcfg-store wrote no store"
+
+# One version, one date.
+version=$(sed -n 's/^project(.* VERSION \([0-9.]*\) .*/\1/p' "$root/CMakeLists.txt")
+[[ $version =~ ^[0-9]+(\.[0-9]+)+$ ]] || give_up "CMakeLists.txt has no version"
+same() { [[ $2 == "$3" ]] || found "$1: expected $3, found $2"; }
+newest=$(grep -m 1 '^## ' "$root/CHANGELOG.md")
+date=$(sed -n 's/.*(\(.*\))$/\1/p' <<<"$newest")
+same CHANGELOG.md "$newest" "## $version ($date)"
+same "the package" "$(dpkg-deb -f "$package" Version)" "$version-1"
+same packaging/changelog "$(dpkg-parsechangelog -l "$root/packaging/changelog" -S Version)" "$version-1"
+same packaging/changelog "$(LC_ALL=C date -u -d "$(dpkg-parsechangelog -l "$root/packaging/changelog" -S Date)" +%F)" "$date"
+for page in "$root"/docs/*.1; do
+    same "${page##*/}" "$(sed -n 's/^\.Os //p' "$page")" "textcfg $version"
+    same "${page##*/}" "$(LC_ALL=C date -u -d "$(sed -n 's/^\.Dd //p' "$page")" +%F)" "$date"
+done
+conclude
