@@ -17,27 +17,28 @@ constexpr int formatNumber1 = 5036;
 constexpr int formatNumber2 = 6000;
 
 /// Where the text ends, as far as this file wrote it.
-std::size_t textEnd;
+constinit char *textEnd = Temp_Configuration;
 bool overflowed;
 
 /// Whether the text still ends where this file left it: not cleared, cut short or continued by someone else.
 bool endIsKnown() {
-    return Temp_Configuration[textEnd] == '\0' &&
-           (textEnd == 0 || (Temp_Configuration[0] != '\0' && Temp_Configuration[textEnd - 1] != '\0'));
+    return *textEnd == '\0' &&
+           (textEnd == Temp_Configuration || (textEnd[-1] != '\0' && Temp_Configuration[0] != '\0'));
 }
 
 /// Puts the bytes behind the text, if they fit.
 void join(const char *bytes, std::size_t length) {
     if (overflowed) return;
-    if (!endIsKnown()) textEnd = strnlen(Temp_Configuration, textBufferSize);
-    // One byte is kept for the NUL.
-    if (textEnd >= textBufferSize || length > textBufferSize - 1 - textEnd) {
+    if (!endIsKnown()) textEnd = Temp_Configuration + strnlen(Temp_Configuration, textBufferSize);
+    // One byte is kept for the NUL; a text that came to lack it has no room at all.
+    const std::ptrdiff_t room = Temp_Configuration + textBufferSize - 1 - textEnd;
+    if (static_cast<std::ptrdiff_t>(length) > room) {
         overflowed = true;
         return;
     }
-    std::memcpy(Temp_Configuration + textEnd, bytes, length);
+    std::memcpy(textEnd, bytes, length);
     textEnd += length;
-    Temp_Configuration[textEnd] = '\0';
+    *textEnd = '\0';
 }
 
 } // namespace
@@ -46,7 +47,7 @@ bool textOverflowed() { return overflowed; }
 
 void clearText() {
     std::memset(Temp_Configuration, 0, sizeof Temp_Configuration);
-    textEnd = 0;
+    textEnd = Temp_Configuration;
     overflowed = false;
 }
 
@@ -70,41 +71,34 @@ void finishLine(const char *end, bool fits) {
     LineBuffer[0] = '\0';
 }
 
-void appendFormatted(const char *format, std::size_t length, const Argument *arguments, std::size_t count) {
+void appendFormatted(const char *literal, const Stretch *stretches, const Argument *arguments) {
     LineWriter line;
-    const auto putHex = [&line](std::uint32_t number, const char *digits, unsigned atLeast) {
-        unsigned places = atLeast;
+    const auto putHex = [&line](std::uint32_t number, const char *digits, unsigned places) {
         while (places < 8 && number >> 4 * places != 0) ++places;
         while (places != 0) line.put(digits[number >> 4 * --places & 0xf]);
     };
-    const char *const end = format + length;
-    for (; count != 0; --count) {
-        const char *conversion =
-            static_cast<const char *>(std::memchr(format, '%', static_cast<std::size_t>(end - format)));
-        line.put(format, static_cast<std::size_t>(conversion - format));
-        const Argument &argument = *arguments++;
-        ++conversion;
-        const bool twoDigits = *conversion == '0';
-        if (twoDigits) conversion += 2;
-        if (*conversion == 'l') ++conversion;
-        switch (*conversion) {
-        case 's': line.put(argument.text, strnlen(argument.text, argument.number)); break;
-        case 'u': line.putDecimal(argument.number); break;
-        case 'X': putHex(argument.number, "0123456789ABCDEF", twoDigits ? 2 : 1); break;
-        case 'x': putHex(argument.number, "0123456789abcdef", 2); break;
-        default: { // d
-            const bool negative = static_cast<std::int32_t>(argument.number) < 0;
-            const std::uint32_t magnitude = negative ? 0U - argument.number : argument.number;
-            if (negative) line.put('-');
-            // A sign takes one of the two places.
-            if (twoDigits && !negative && magnitude < 10) line.put('0');
-            line.putDecimal(magnitude);
+    const auto putSigned = [&line](std::uint32_t number, bool twoDigits) {
+        const bool negative = static_cast<std::int32_t>(number) < 0;
+        const std::uint32_t magnitude = negative ? 0U - number : number;
+        if (negative) line.put('-');
+        // A sign takes one of the two places.
+        if (twoDigits && !negative && magnitude < 10) line.put('0');
+        line.putDecimal(magnitude);
+    };
+    for (;; ++stretches, ++arguments) {
+        line.put(literal, stretches->characters);
+        switch (stretches->conversion) {
+        case Conversion::end: return line.finish();
+        case Conversion::decimal: putSigned(arguments->number, false); break;
+        case Conversion::decimalTwoDigits: putSigned(arguments->number, true); break;
+        case Conversion::unsignedDecimal: line.putDecimal(arguments->number); break;
+        case Conversion::upperHex: putHex(arguments->number, "0123456789ABCDEF", 1); break;
+        case Conversion::upperHexTwoDigits: putHex(arguments->number, "0123456789ABCDEF", 2); break;
+        case Conversion::lowerHexTwoDigits: putHex(arguments->number, "0123456789abcdef", 2); break;
+        case Conversion::text: line.put(arguments->text, strnlen(arguments->text, arguments->number)); break;
         }
-        }
-        format = conversion + 1;
+        literal += stretches->characters + stretches->specifier;
     }
-    line.put(format, static_cast<std::size_t>(end - format));
-    line.finish();
 }
 
 int APPEND_NL() {

@@ -120,40 +120,80 @@ inline constexpr std::size_t conversions = (std::size_t{0} + ... + (sizeof(Forma
 /// Not constexpr, so that a format which reaches it does not compile.
 void formatDoesNotFitItsArguments();
 
-/// A literal that was checked against its arguments by the compiler. The conversions are those that the text needs:
-/// %d %ld %u %X %02X %02x %02d for numbers and %s for texts.
+/// How a value is written.
+enum class Conversion : u8 {
+    end,               ///< none: the literal ends
+    decimal,           ///< %d, and %ld: both are 32 bits wide
+    decimalTwoDigits,  ///< %02d
+    unsignedDecimal,   ///< %u
+    upperHex,          ///< %X
+    upperHexTwoDigits, ///< %02X
+    lowerHexTwoDigits, ///< %02x
+    text,              ///< %s
+};
+
+/// A stretch of a literal: so many characters as they stand, then a conversion, itself so many characters long.
+struct Stretch {
+    u8 characters;
+    u8 specifier;
+    Conversion conversion;
+};
+
+/// A literal that was taken apart, and checked against its arguments, by the compiler. The conversions are those that
+/// the text needs: %d %ld %u %X %02X %02x %02d for numbers and %s for texts.
 template <class... Types> class Format {
 public:
-    template <std::size_t Size> consteval Format(const char (&literal)[Size]) : literal_(literal), length_(Size - 1) {
+    template <std::size_t Size> consteval Format(const char (&literal)[Size]) : literal_(literal) {
         char kinds[conversions<Types...> + 1] = {};
         std::size_t count = 0;
         for (const char *of : {Formatted<Types>::kinds..., ""})
             while (*of != '\0') kinds[count++] = *of++;
 
-        const char *kind = kinds;
-        for (std::size_t at = 0; at + 1 < Size; ++at) {
-            if (literal[at] != '%') continue;
-            ++at;
-            const bool twoDigits = literal[at] == '0' && literal[at + 1] == '2';
-            if (twoDigits) at += 2;
-            const bool isLong = !twoDigits && literal[at] == 'l' && literal[at + 1] == 'd';
-            if (isLong) ++at;
-            const char conversion = literal[at];
-            const bool isNumber = conversion == 'd' || conversion == 'X' || (twoDigits && conversion == 'x') ||
-                                  (!twoDigits && conversion == 'u');
-            const bool isText = !twoDigits && conversion == 's';
-            if (!(*kind == 'n' && isNumber) && !(*kind == 's' && isText)) formatDoesNotFitItsArguments();
-            ++kind;
+        std::size_t from = 0;
+        for (std::size_t i = 0; i <= count; ++i) {
+            std::size_t at = from;
+            while (at + 1 < Size && literal[at] != '%') ++at;
+            if (at - from > UINT8_MAX || (at + 1 < Size) != (i < count)) formatDoesNotFitItsArguments();
+            std::size_t behind = at;
+            Conversion conversion = Conversion::end;
+            if (i < count) {
+                conversion = read(literal + at, behind);
+                if ((conversion == Conversion::text) != (kinds[i] == 's')) formatDoesNotFitItsArguments();
+            }
+            stretches_[i] = {static_cast<u8>(at - from), static_cast<u8>(behind - at), conversion};
+            from = behind;
         }
-        if (*kind != '\0') formatDoesNotFitItsArguments();
     }
 
     constexpr const char *literal() const { return literal_; }
-    constexpr std::size_t length() const { return length_; }
+    constexpr const Stretch *stretches() const { return stretches_; }
 
 private:
+    /// The conversion at `specifier`, a "%"; moves `behind` past it.
+    static consteval Conversion read(const char *specifier, std::size_t &behind) {
+        const bool twoDigits = specifier[1] == '0' && specifier[2] == '2';
+        const char *letter = specifier + (twoDigits ? 3 : 1);
+        if (!twoDigits && letter[0] == 'l' && letter[1] == 'd') ++letter;
+        behind += static_cast<std::size_t>(letter + 1 - specifier);
+        switch (*letter) {
+        case 'd': return twoDigits ? Conversion::decimalTwoDigits : Conversion::decimal;
+        case 'X': return twoDigits ? Conversion::upperHexTwoDigits : Conversion::upperHex;
+        case 'x':
+            if (twoDigits) return Conversion::lowerHexTwoDigits;
+            break;
+        case 'u':
+            if (!twoDigits) return Conversion::unsignedDecimal;
+            break;
+        case 's':
+            if (!twoDigits) return Conversion::text;
+            break;
+        }
+        formatDoesNotFitItsArguments();
+        return Conversion::end;
+    }
+
     const char *literal_;
-    std::size_t length_;
+    Stretch stretches_[conversions<Types...> + 1] = {};
 };
 
 /// A line without conversions.
@@ -173,7 +213,7 @@ private:
 };
 
 void appendBytes(const char *bytes, std::size_t length);
-void appendFormatted(const char *format, std::size_t length, const Argument *arguments, std::size_t count);
+void appendFormatted(const char *literal, const Stretch *stretches, const Argument *arguments);
 
 /// Appends `line` as it stands.
 inline void append(Line line) { appendBytes(line.literal(), line.length()); }
@@ -182,12 +222,12 @@ template <class Type> struct AsIs { using type = Type; };
 
 /// Appends `format` with its conversions replaced by `values`, which may be fields of a record as they are.
 template <class First, class... Rest>
-inline void append(typename AsIs<Format<First, Rest...>>::type format, const First &first, const Rest &...rest) {
+inline void append(const typename AsIs<Format<First, Rest...>>::type &format, const First &first, const Rest &...rest) {
     Argument arguments[conversions<First, Rest...>];
     Argument *next = arguments;
     Formatted<First>::put(next, first);
     (Formatted<Rest>::put(next, rest), ...);
-    appendFormatted(format.literal(), format.length(), arguments, conversions<First, Rest...>);
+    appendFormatted(format.literal(), format.stretches(), arguments);
 }
 
 /// Writes `number` in decimal up to the end of `digits` and returns where it begins.

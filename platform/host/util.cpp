@@ -25,7 +25,10 @@ template <class Change> void changeBits(void *bitmap, int count, Change change) 
     }
 }
 
-bool isSet(const void *bitmap, int bit) { return (octetsOf(bitmap)[bit / 8] >> bit % 8 & 1) != 0; }
+bool isSet(const void *bitmap, int bit) {
+    const unsigned number = static_cast<unsigned>(bit);
+    return (octetsOf(bitmap)[number / 8] >> number % 8 & 1) != 0;
+}
 
 bool allZero(const void *bytes, std::size_t count) {
     for (std::size_t i = 0; i < count; ++i)
