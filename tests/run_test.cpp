@@ -334,7 +334,7 @@ TEST_F(Run, WordBehindAFileOptionIsAPathWhateverItIs) {
 }
 
 TEST_F(Run, LastVerbWins) {
-    const auto selectorOf = [this](const std::vector<std::string> &words) {
+    const auto selectorOf = [](const std::vector<std::string> &words) {
         const Aside untouched("/tmp/config");
         forgetCalls();
         EXPECT_EQ(silentSuccess, run(words));
