@@ -4,6 +4,8 @@
 #include "format/blocks.h"
 #include "platform/board.h"
 
+#include <array>
+
 // ------------------------------------------------------------------------------------------------- physical ports
 
 namespace {

@@ -5,6 +5,9 @@
 #include "format/blocks.h"
 #include "platform/board.h"
 
+#include <array>
+#include <iterator>
+
 // ---------------------------------------------------------------------------------------------- global filter switch
 
 int full::IGMPFilterFunc_configure_ip_igmp_filter() {
