@@ -89,7 +89,8 @@ void appendFormatted(const char *literal, const Stretch *stretches, const Argume
         line.put(literal, stretches->characters);
         switch (stretches->conversion) {
         case Conversion::end: return line.finish();
-        case Conversion::decimal: putSigned(arguments->number, false); break;
+        case Conversion::decimal:
+        case Conversion::longDecimal: putSigned(arguments->number, false); break;
         case Conversion::decimalTwoDigits: putSigned(arguments->number, true); break;
         case Conversion::unsignedDecimal: line.putDecimal(arguments->number); break;
         case Conversion::upperHex: putHex(arguments->number, "0123456789ABCDEF", 1); break;
@@ -97,7 +98,7 @@ void appendFormatted(const char *literal, const Stretch *stretches, const Argume
         case Conversion::lowerHexTwoDigits: putHex(arguments->number, "0123456789abcdef", 2); break;
         case Conversion::text: line.put(arguments->text, strnlen(arguments->text, arguments->number)); break;
         }
-        literal += stretches->characters + stretches->specifier;
+        literal += stretches->characters + conversionLength[static_cast<u8>(stretches->conversion)];
     }
 }
 
