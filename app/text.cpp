@@ -16,6 +16,10 @@ namespace {
 constexpr int formatNumber1 = 5036;
 constexpr int formatNumber2 = 6000;
 
+/// Bytes that are looked at, and cleared, at a time: a page.
+constexpr std::size_t clearedAtOnce = 4096;
+static_assert(textBufferSize % clearedAtOnce == 0);
+
 /// Where the text ends, as far as this file wrote it.
 constinit char *textEnd = Temp_Configuration;
 bool overflowed;
@@ -46,7 +50,12 @@ void join(const char *bytes, std::size_t length) {
 bool textOverflowed() { return overflowed; }
 
 void clearText() {
-    std::memset(Temp_Configuration, 0, sizeof Temp_Configuration);
+    // Only what holds something is written: pages that no text reached yet cost neither time nor memory.
+    for (std::size_t page = 0; page < sizeof Temp_Configuration; page += clearedAtOnce) {
+        char *const bytes = Temp_Configuration + page;
+        if (bytes[0] != '\0' || std::memcmp(bytes, bytes + 1, clearedAtOnce - 1) != 0)
+            std::memset(bytes, 0, clearedAtOnce);
+    }
     textEnd = Temp_Configuration;
     overflowed = false;
 }
