@@ -169,7 +169,7 @@ public:
 
 private:
     /// The conversion that begins with the "%" at `specifier`.
-    static consteval Conversion read(const char *specifier) {
+    static constexpr Conversion read(const char *specifier) {
         switch (specifier[1]) {
         case 'd': return Conversion::decimal;
         case 'u': return Conversion::unsignedDecimal;
