@@ -31,7 +31,9 @@ echo "text and read-only data $((text - stub_text)) of $text_budget bytes, bss $
 qemu-mips-static -L /usr/mips-linux-gnu ./stripped running_config -f text || found "it does not run: status $?"
 [[ $(head -n 1 text) == '# VERSION 5036 6000 '* ]] || found "it writes another first line: $(head -n 1 text)"
 
-"$cc" -O2 "$root/bench/peak.c" -o peak && "$cc" -O2 "$root/bench/empty.c" -o empty || give_up "peak.c or empty.c"
+for source in peak empty; do
+    "$cc" -O2 "$root/bench/$source.c" -o "$source" || give_up "$source.c could not be built"
+done
 empty=$(./peak ./empty) || give_up "the empty program does not run"
 peak=$(./peak "$program" running_config -f text) || give_up "the program does not run"
 echo "peak resident memory $peak KiB, an empty program's $empty KiB, budget for the difference $peak_budget KiB"
