@@ -510,8 +510,7 @@ constexpr unsigned lacpKeys = 256;
 int full::convConfigLACPConfig_mid_sys_lacp_configure_interface_channel_group_lacp(const LacpConfig &current) {
     trace();
     for (unsigned key = 0; key < lacpKeys; ++key) {
-        const PortWords ports = portsWithKey(current, key);
-        if (CHECK_HAS_MEMBER_INT(ports.data(), 1)) appendKey(ports, key);
+        if (CHECK_HAS_MEMBER(current.key, key) != 0) appendKey(portsWithKey(current, key), key);
     }
     // The blank behind "role" is this mode's alone.
     appendValueBlocks(bytesOfPorts(current.role),
@@ -524,8 +523,9 @@ int delta::convConfigLACPConfig_mid_sys_lacp_configure_interface_channel_group_l
                                                                                     const LacpConfig &defaults) {
     trace();
     for (unsigned key = 0; key < lacpKeys; ++key) {
+        if (CHECK_HAS_MEMBER(current.key, key) == 0) continue;
         const PortWords ports = portsWithKey(current, key);
-        if (CHECK_HAS_MEMBER_INT(ports.data(), 1) && ports != portsWithKey(defaults, key)) appendKey(ports, key);
+        if (ports != portsWithKey(defaults, key)) appendKey(ports, key);
     }
     if (!sameBytes(current.role, defaults.role))
         appendValueBlocks(bytesOfPorts(current.role),
