@@ -64,15 +64,20 @@ std::ostream &operator<<(std::ostream &out, const Result &result) {
 const Result silentSuccess = {0, ""};
 const Result silentFailure = {-1, ""};
 
-/// Runs the program "tool" with `words` behind its name.
-Result run(std::vector<std::string> words) {
-    words.insert(words.begin(), "tool");
+/// Runs the program with `words`, the first being its name.
+Result runNamed(std::vector<std::string> words) {
     std::vector<char *> argv;
     for (std::string &word : words) argv.push_back(word.data());
     argv.push_back(nullptr);
     Result result{};
     result.printed = printedBy([&] { result.status = textcfgMain(static_cast<int>(words.size()), argv.data()); });
     return result;
+}
+
+/// Runs the program "tool" with `words` behind its name.
+Result run(std::vector<std::string> words) {
+    words.insert(words.begin(), "tool");
+    return runNamed(std::move(words));
 }
 
 /// What stands at a path, put aside for a test and restored behind it.
@@ -263,6 +268,14 @@ void expectRefused(const std::vector<std::string> &words, const std::string &pri
     forgetCalls();
     EXPECT_EQ((Result{-1, printed}), run(words));
     EXPECT_EQ(Calls{}, platform.calls);
+}
+
+TEST_F(Run, ItsNameIsNoWord) {
+    for (const char *name : {"startup_config", "-f", "-x"}) {
+        forgetCalls();
+        EXPECT_EQ(silentSuccess, runNamed({name, "-f", path})) << name;
+        EXPECT_EQ(withHeader(1), runCalls()) << name; // the default configuration
+    }
 }
 
 TEST_F(Run, NeedsOneToThreeWords) {
