@@ -16,6 +16,10 @@ namespace {
 constexpr int formatNumber1 = 5036;
 constexpr int formatNumber2 = 6000;
 
+/// Bytes that are looked at, and cleared, at a time: a page.
+constexpr std::size_t clearedAtOnce = 4096;
+static_assert(textBufferSize % clearedAtOnce == 0);
+
 /// Where the text ends, as far as this file wrote it.
 constinit char *textEnd = Temp_Configuration;
 bool overflowed;
@@ -46,7 +50,12 @@ void join(const char *bytes, std::size_t length) {
 bool textOverflowed() { return overflowed; }
 
 void clearText() {
-    std::memset(Temp_Configuration, 0, sizeof Temp_Configuration);
+    // Only what holds something is written: pages that no text reached yet cost neither time nor memory.
+    for (std::size_t page = 0; page < sizeof Temp_Configuration; page += clearedAtOnce) {
+        char *const bytes = Temp_Configuration + page;
+        if (bytes[0] != '\0' || std::memcmp(bytes, bytes + 1, clearedAtOnce - 1) != 0)
+            std::memset(bytes, 0, clearedAtOnce);
+    }
     textEnd = Temp_Configuration;
     overflowed = false;
 }
@@ -89,7 +98,8 @@ void appendFormatted(const char *literal, const Stretch *stretches, const Argume
         line.put(literal, stretches->characters);
         switch (stretches->conversion) {
         case Conversion::end: return line.finish();
-        case Conversion::decimal: putSigned(arguments->number, false); break;
+        case Conversion::decimal:
+        case Conversion::longDecimal: putSigned(arguments->number, false); break;
         case Conversion::decimalTwoDigits: putSigned(arguments->number, true); break;
         case Conversion::unsignedDecimal: line.putDecimal(arguments->number); break;
         case Conversion::upperHex: putHex(arguments->number, "0123456789ABCDEF", 1); break;
@@ -97,7 +107,7 @@ void appendFormatted(const char *literal, const Stretch *stretches, const Argume
         case Conversion::lowerHexTwoDigits: putHex(arguments->number, "0123456789abcdef", 2); break;
         case Conversion::text: line.put(arguments->text, strnlen(arguments->text, arguments->number)); break;
         }
-        literal += stretches->characters + stretches->specifier;
+        literal += stretches->characters + conversionLength[static_cast<u8>(stretches->conversion)];
     }
 }
 

@@ -123,7 +123,8 @@ void formatDoesNotFitItsArguments();
 /// How a value is written.
 enum class Conversion : u8 {
     end,               ///< none: the literal ends
-    decimal,           ///< %d, and %ld: both are 32 bits wide
+    decimal,           ///< %d
+    longDecimal,       ///< %ld: 32 bits wide all the same
     decimalTwoDigits,  ///< %02d
     unsignedDecimal,   ///< %u
     upperHex,          ///< %X
@@ -132,10 +133,12 @@ enum class Conversion : u8 {
     text,              ///< %s
 };
 
-/// A stretch of a literal: so many characters as they stand, then a conversion, itself so many characters long.
+/// How many characters of a literal each conversion is.
+inline constexpr u8 conversionLength[] = {0, 2, 3, 4, 2, 2, 4, 4, 2};
+
+/// A stretch of a literal: so many characters as they stand, then a conversion.
 struct Stretch {
     u8 characters;
-    u8 specifier;
     Conversion conversion;
 };
 
@@ -154,14 +157,10 @@ public:
             std::size_t at = from;
             while (at + 1 < Size && literal[at] != '%') ++at;
             if (at - from > UINT8_MAX || (at + 1 < Size) != (i < count)) formatDoesNotFitItsArguments();
-            std::size_t behind = at;
-            Conversion conversion = Conversion::end;
-            if (i < count) {
-                conversion = read(literal + at, behind);
-                if ((conversion == Conversion::text) != (kinds[i] == 's')) formatDoesNotFitItsArguments();
-            }
-            stretches_[i] = {static_cast<u8>(at - from), static_cast<u8>(behind - at), conversion};
-            from = behind;
+            const Conversion conversion = i < count ? read(literal + at) : Conversion::end;
+            if (i < count && (conversion == Conversion::text) != (kinds[i] == 's')) formatDoesNotFitItsArguments();
+            stretches_[i] = {static_cast<u8>(at - from), conversion};
+            from = at + conversionLength[static_cast<u8>(conversion)];
         }
     }
 
@@ -169,24 +168,21 @@ public:
     constexpr const Stretch *stretches() const { return stretches_; }
 
 private:
-    /// The conversion at `specifier`, a "%"; moves `behind` past it.
-    static consteval Conversion read(const char *specifier, std::size_t &behind) {
-        const bool twoDigits = specifier[1] == '0' && specifier[2] == '2';
-        const char *letter = specifier + (twoDigits ? 3 : 1);
-        if (!twoDigits && letter[0] == 'l' && letter[1] == 'd') ++letter;
-        behind += static_cast<std::size_t>(letter + 1 - specifier);
-        switch (*letter) {
-        case 'd': return twoDigits ? Conversion::decimalTwoDigits : Conversion::decimal;
-        case 'X': return twoDigits ? Conversion::upperHexTwoDigits : Conversion::upperHex;
-        case 'x':
-            if (twoDigits) return Conversion::lowerHexTwoDigits;
+    /// The conversion that begins with the "%" at `specifier`.
+    static constexpr Conversion read(const char *specifier) {
+        switch (specifier[1]) {
+        case 'd': return Conversion::decimal;
+        case 'u': return Conversion::unsignedDecimal;
+        case 'X': return Conversion::upperHex;
+        case 's': return Conversion::text;
+        case 'l':
+            if (specifier[2] == 'd') return Conversion::longDecimal;
             break;
-        case 'u':
-            if (!twoDigits) return Conversion::unsignedDecimal;
-            break;
-        case 's':
-            if (!twoDigits) return Conversion::text;
-            break;
+        case '0':
+            if (specifier[2] != '2') break;
+            if (specifier[3] == 'd') return Conversion::decimalTwoDigits;
+            if (specifier[3] == 'X') return Conversion::upperHexTwoDigits;
+            if (specifier[3] == 'x') return Conversion::lowerHexTwoDigits;
         }
         formatDoesNotFitItsArguments();
         return Conversion::end;
@@ -222,7 +218,7 @@ template <class Type> struct AsIs { using type = Type; };
 
 /// Appends `format` with its conversions replaced by `values`, which may be fields of a record as they are.
 template <class First, class... Rest>
-inline void append(const typename AsIs<Format<First, Rest...>>::type &format, const First &first, const Rest &...rest) {
+inline void append(typename AsIs<Format<First, Rest...>>::type format, const First &first, const Rest &...rest) {
     Argument arguments[conversions<First, Rest...>];
     Argument *next = arguments;
     Formatted<First>::put(next, first);

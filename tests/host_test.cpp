@@ -765,12 +765,15 @@ TEST_F(PlatformConfFile, NoneMeansPlainPasswords) {
 TEST_F(PlatformConfFile, Md5MeansMd5Passwords) {
     use();
     put("platform.conf", "password_encryption=md5\n");
-    const Open transaction;
-    EXPECT_NE(mapi_sys_userauth_method_get(transaction.handle), 0);
-    EXPECT_NE(mapi_sys_userauth_method_get(-1), 0);
-    put("platform.conf", "password_encryption=none\n");
-    EXPECT_NE(mapi_sys_userauth_method_get(transaction.handle), 0);
-    EXPECT_EQ(mapi_sys_userauth_method_get(-1), 0) << "without a transaction: as it is now";
+    {
+        const Open transaction;
+        EXPECT_NE(mapi_sys_userauth_method_get(transaction.handle), 0);
+        EXPECT_NE(mapi_sys_userauth_method_get(-1), 0);
+        put("platform.conf", "password_encryption=none\n");
+        EXPECT_NE(mapi_sys_userauth_method_get(transaction.handle), 0);
+        EXPECT_NE(mapi_sys_userauth_method_get(-1), 0) << "as the open transaction began";
+    }
+    EXPECT_EQ(mapi_sys_userauth_method_get(-1), 0) << "without any transaction: as it is now";
 }
 
 TEST(PasswordMd5, IsMd5CryptWithAnEmptySalt) {

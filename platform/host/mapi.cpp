@@ -118,14 +118,18 @@ std::int32_t mapi_sys_dualimage_state_get(std::int32_t handle) {
 
 std::int32_t mapi_sys_userauth_method_get(std::int32_t handle) {
     constexpr const char *operation = "mapi_sys_userauth_method_get";
-    PlatformConf conf;
-    if (handle == MAPI_NO_TRANSACTION) {
-        if (!currentConf(operation, conf)) return refused;
-    } else {
-        const Transaction *const transaction = find(operation, handle);
+    const Transaction *transaction = nullptr;
+    if (handle != MAPI_NO_TRANSACTION) {
+        transaction = find(operation, handle);
         if (transaction == nullptr) return refused;
-        conf = transaction->conf;
+    } else {
+        // Asked for once a user: the settings that an open transaction began with hold, rather than the file each time.
+        for (const Transaction &open : transactions)
+            if (open.handle != 0) transaction = &open;
     }
+    PlatformConf conf;
+    if (transaction != nullptr) conf = transaction->conf;
+    else if (!currentConf(operation, conf)) return refused;
     return conf.md5Passwords ? 1 : 0;
 }
 

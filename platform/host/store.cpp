@@ -1,6 +1,7 @@
 #include "platform/host/store.h"
 
 #include <cerrno>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
@@ -76,6 +77,19 @@ private:
     int descriptor_ = -1;
 };
 
+/// Has the kernel back the bytes with memory in one go, where it can: half the time of a run went into doing so page by
+/// page.
+void prepareMemory(void *bytes, std::size_t size) {
+#ifdef MADV_POPULATE_WRITE
+    const std::uintptr_t pageSize = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
+    const std::uintptr_t before = reinterpret_cast<std::uintptr_t>(bytes) % pageSize;
+    static_cast<void>(madvise(static_cast<char *>(bytes) - before, size + before, MADV_POPULATE_WRITE));
+#else
+    static_cast<void>(bytes);
+    static_cast<void>(size);
+#endif
+}
+
 /// Fills `record` from a file that has exactly its size. A record that could not be read whole is zero.
 template <class Record> bool readRecord(const char *folder, const char *name, Record &record) {
     char expected[32];
@@ -88,6 +102,7 @@ template <class Record> bool readRecord(const char *folder, const char *name, Re
         std::snprintf(found, sizeof found, "found %lld bytes", static_cast<long long>(size));
         return file.complain(found, expected);
     }
+    prepareMemory(&record, sizeof record);
     if (file.read(&record, sizeof record, expected)) return true;
     std::memset(&record, 0, sizeof record);
     return false;

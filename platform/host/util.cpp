@@ -78,8 +78,14 @@ void utilPortBitmap2str(char *text, const void *bitmap, int portCount, int maxim
 }
 
 void utilIp2IpStr(const void *address, char *text) {
-    const unsigned char *const octets = octetsOf(address);
-    std::snprintf(text, UTIL_ADDRESS_SIZE, "%u.%u.%u.%u", octets[0], octets[1], octets[2], octets[3]);
+    for (int i = 0; i < 4; ++i) {
+        const unsigned octet = octetsOf(address)[i];
+        if (i != 0) *text++ = '.';
+        if (octet >= 100) *text++ = static_cast<char>('0' + octet / 100);
+        if (octet >= 10) *text++ = static_cast<char>('0' + octet / 10 % 10);
+        *text++ = static_cast<char>('0' + octet % 10);
+    }
+    *text = '\0';
 }
 
 int utilIpIsZero(std::uint32_t address) { return address == 0 ? 1 : 0; }
