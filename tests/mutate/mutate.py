@@ -196,7 +196,7 @@ def changes(text):
         end = closing(code, match.start())
         if end < 0 or ";" in code[match.end():end]:
             continue
-        if re.search(r"\bsame[A-Z]\w*$", code[:match.start()]):
+        if re.search(r"\b(same[A-Z]\w*|str\w*cmp|memcmp)$", code[:match.start()]):
             continue  # alike both ways
         places = elements(code, match.end(), end)
         for (a, b), (c, d) in zip(places, places[1:]):
@@ -399,12 +399,20 @@ class Build:
             return True
         others = [source for source in users if source not in likely]
         if mutant.file.startswith("platform/"):
-            if not self.survives(link, likely, scratch, others_too=False):
+            if not self.survives(self.with_first(link, scratch), likely, scratch, others_too=False):
                 return True
         else:
             others = [source for source in others if source not in tests]
         link = self.compile(others, link, overlay, scratch)
         return link is None or not self.survives(link, likely, scratch)
+
+    @staticmethod
+    def with_first(link, scratch):
+        """The link command with what was compiled anew in front, so that its inline functions are the ones taken."""
+        anew = re.findall(rf" {re.escape(str(scratch))}/\S+\.o(?= )", link)
+        for place in anew:
+            link = link.replace(place, "", 1)
+        return re.sub(r"(?= \S+\.o )", "".join(anew), link, count=1)
 
     def compile(self, sources, link, overlay, scratch):
         """Compiles the sources with the changed file. Returns the link command with their objects; None if it fails."""
