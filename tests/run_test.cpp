@@ -394,6 +394,20 @@ TEST_F(Run, DefaultPath) {
     EXPECT_TRUE(fs::exists("/tmp/config"));
 }
 
+TEST_F(Run, DefaultPathIsNotTakenWithoutABoard) {
+    platform.failingCall = 1;
+    EXPECT_EQ(silentFailure, run({"running_config"}));
+    EXPECT_STREQ("", ConfigFile);
+}
+
+TEST_F(Run, PathOfOneCharacterIsTaken) {
+    const fs::path before = fs::current_path();
+    fs::current_path(folder);
+    EXPECT_EQ(silentSuccess, run({"running_config", "-f", "p"}));
+    fs::current_path(before);
+    EXPECT_EQ(Temp_Configuration, contents(folder / "p"));
+}
+
 TEST_F(Run, PathOf255CharactersIsTaken) {
     const std::string longest = pathOf(folder, 255);
     EXPECT_EQ(silentSuccess, run({"running_config", "-f", longest}));
@@ -406,6 +420,7 @@ TEST_F(Run, PathOf256CharactersIsRefused) {
         expectRefused({"running_config", "-f", pathOf(folder, length)},
                       "tool: ConfigFile path too long (limit 255 chars)\n");
     EXPECT_TRUE(nothingWritten());
+    EXPECT_STREQ("", ConfigFile);
 }
 
 TEST_F(Run, ShorterPathLeavesNoTraceOfALongerOne) {
