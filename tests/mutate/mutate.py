@@ -281,10 +281,9 @@ class Build:
     def __init__(self, tree, work):
         self.copy, self.binary = work / "tree", work / "build"
         self.copy_tree(tree)
-        configured = self.binary / "build.ninja"
-        if not configured.exists():
-            self.run("cmake", "-S", self.copy, "-B", self.binary, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
-                     "-DCMAKE_CXX_FLAGS_DEBUG=-O0", "-DTEXTCFG_TESTS=ON")
+        # With the library's assertions, so that an index beside a table is noticed.
+        self.run("cmake", "-S", self.copy, "-B", self.binary, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
+                 "-DCMAKE_CXX_FLAGS_DEBUG=-O0 -D_GLIBCXX_ASSERTIONS", "-DTEXTCFG_TESTS=ON")
         self.run("ninja", "-C", self.binary, "textcfg_tests")
         self.read_commands()
         self.find_suites()
@@ -460,11 +459,11 @@ class Explanation:
 
     def fits(self, mutant):
         return fnmatch.fnmatchcase(mutant.file, self.file) and self.kind == mutant.kind and \
-            self.pattern.search(f"{mutant.old_lines} => {mutant.new_lines}") is not None
+            self.pattern.match(f"{mutant.old_lines} => {mutant.new_lines}") is not None
 
 
 def read_explanations(path):
-    """Lines of `FILE KIND: part of "old => new"`, with the indented reason below."""
+    """Lines of `FILE KIND: beginning of "old => new"`, with the indented reason below."""
     found, heads = [], []
     if not path.exists():
         return found
