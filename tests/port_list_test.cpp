@@ -178,6 +178,7 @@ TEST(PortList, BitmapEndsWithTheFirstOfItsTwoCounts) {
     EXPECT_EQ("1\n", bitmapList(all, 4, 1));
     EXPECT_EQ("\n", bitmapList(all, 0, 28));
     EXPECT_EQ("\n", bitmapList(all, -1, 28));
+    EXPECT_EQ("1-28\n", bitmapList(all, INT32_MAX / 8 + 1, 28)); // more bits than can be counted
     EXPECT_EQ("\n", bitmapList(all, 4, 0));
     EXPECT_EQ("\n", bitmapList(all, 4, -1));
 }

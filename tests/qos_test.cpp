@@ -199,6 +199,10 @@ ROWS(Queues,
               for (int queue = 0; queue < 8; ++queue) p.queues.weight[queue] = weights[queue];
           }),
           "qos queue-weighted 1:-2:3:2147483647:-2147483648:256:65536:-1\n"},
+         {"each weight is signed", Mode::full, queues, onlyQueues([](PriorityConfig &p) {
+              for (be_i32 &weight : p.queues.weight) weight = -5;
+          }),
+          "qos queue-weighted -5:-5:-5:-5:-5:-5:-5:-5\n"},
 
          {"everything differs", Mode::delta, queues, composeQos,
           "qos dscp\n"

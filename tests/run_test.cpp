@@ -64,15 +64,20 @@ std::ostream &operator<<(std::ostream &out, const Result &result) {
 const Result silentSuccess = {0, ""};
 const Result silentFailure = {-1, ""};
 
-/// Runs the program "tool" with `words` behind its name.
-Result run(std::vector<std::string> words) {
-    words.insert(words.begin(), "tool");
+/// Runs the program with `words`, the first being its name.
+Result runNamed(std::vector<std::string> words) {
     std::vector<char *> argv;
     for (std::string &word : words) argv.push_back(word.data());
     argv.push_back(nullptr);
     Result result{};
     result.printed = printedBy([&] { result.status = textcfgMain(static_cast<int>(words.size()), argv.data()); });
     return result;
+}
+
+/// Runs the program "tool" with `words` behind its name.
+Result run(std::vector<std::string> words) {
+    words.insert(words.begin(), "tool");
+    return runNamed(std::move(words));
 }
 
 /// What stands at a path, put aside for a test and restored behind it.
@@ -265,6 +270,14 @@ void expectRefused(const std::vector<std::string> &words, const std::string &pri
     EXPECT_EQ(Calls{}, platform.calls);
 }
 
+TEST_F(Run, ItsNameIsNoWord) {
+    for (const char *name : {"startup_config", "-f", "-x"}) {
+        forgetCalls();
+        EXPECT_EQ(silentSuccess, runNamed({name, "-f", path})) << name;
+        EXPECT_EQ(withHeader(1), runCalls()) << name; // the default configuration
+    }
+}
+
 TEST_F(Run, NeedsOneToThreeWords) {
     const std::string refusal = std::string("tool: Bad argument: tool\n") + usage;
     const Aside untouched("/tmp/config");
@@ -381,6 +394,20 @@ TEST_F(Run, DefaultPath) {
     EXPECT_TRUE(fs::exists("/tmp/config"));
 }
 
+TEST_F(Run, DefaultPathIsNotTakenWithoutABoard) {
+    platform.failingCall = 1;
+    EXPECT_EQ(silentFailure, run({"running_config"}));
+    EXPECT_STREQ("", ConfigFile);
+}
+
+TEST_F(Run, PathOfOneCharacterIsTaken) {
+    const fs::path before = fs::current_path();
+    fs::current_path(folder);
+    EXPECT_EQ(silentSuccess, run({"running_config", "-f", "p"}));
+    fs::current_path(before);
+    EXPECT_EQ(Temp_Configuration, contents(folder / "p"));
+}
+
 TEST_F(Run, PathOf255CharactersIsTaken) {
     const std::string longest = pathOf(folder, 255);
     EXPECT_EQ(silentSuccess, run({"running_config", "-f", longest}));
@@ -393,6 +420,7 @@ TEST_F(Run, PathOf256CharactersIsRefused) {
         expectRefused({"running_config", "-f", pathOf(folder, length)},
                       "tool: ConfigFile path too long (limit 255 chars)\n");
     EXPECT_TRUE(nothingWritten());
+    EXPECT_STREQ("", ConfigFile);
 }
 
 TEST_F(Run, ShorterPathLeavesNoTraceOfALongerOne) {

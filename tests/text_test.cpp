@@ -140,6 +140,19 @@ TEST_F(TextBuffer, ClearTextClearsEveryByte) {
     EXPECT_STREQ("fits", Temp_Configuration);
 }
 
+TEST_F(TextBuffer, ClearTextClearsAByteOnItsOwn) {
+    for (std::size_t page = 0; page < textBufferSize; page += 4096)
+        for (const std::size_t at : {0, 1, 2, 2048, 4094, 4095}) {
+            Temp_Configuration[page + at] = 1;
+            clearText();
+            EXPECT_EQ(0, Temp_Configuration[page + at]) << page << " " << at;
+            Temp_Configuration[page + at] = 0;
+        }
+    for (std::size_t at = 1; at < textBufferSize; at += 2) Temp_Configuration[at] = 'x';
+    clearText();
+    for (std::size_t at = 0; at < textBufferSize; ++at) ASSERT_EQ(0, Temp_Configuration[at]) << at;
+}
+
 TEST_F(TextBuffer, AppendCostsItsOwnLengthOnly) {
     // The same lines behind a short and behind a long text. A scan of the long one would take a thousand times longer
     // than such an append; a factor of twenty leaves room for a busy machine, and the best of five counts.
@@ -461,8 +474,8 @@ TEST_P(Header, VersionMayFillItsField) {
 }
 
 TEST_P(Header, AddressIsInSmallLetters) {
-    g_EEPROM.macAddress = {{0x0a, 0xb0, 0xcd, 0xef, 0x09, 0xff}};
-    EXPECT_EQ("# VERSION 5036 6000  MAC 0a:b0:cd:ef:09:ff\nconfigure\n", text());
+    g_EEPROM.macAddress = {{0x0a, 0xb0, 0xcd, 0xef, 0xe9, 0xff}};
+    EXPECT_EQ("# VERSION 5036 6000  MAC 0a:b0:cd:ef:e9:ff\nconfigure\n", text());
 }
 
 TEST_P(Header, ClearsTheTextWhole) {
