@@ -4,24 +4,27 @@
 #include "platform/image.h"
 
 namespace full {
-/// "ip igmp filter": the global filter switch, which it finds itself in the current image.
+/// The global filter switch (image 177432), which it finds itself in the current image: "ip igmp filter".
 int IGMPFilterFunc_configure_ip_igmp_filter();
-/// An "ip igmp segment" block for each valid segment: name and range of addresses.
+/// Segments (image 156712 to 174311): an "ip igmp segment" block for each valid one, with name and range of addresses.
 int convConfigIPMCSegment_IPMCSegment_configure_ip_igmp_segment(const MulticastSegmentTable &current);
-/// An "ip igmp profile" block for each valid profile: its segments, without the empty slots.
+/// Profiles (image 174312 to 177431): an "ip igmp profile" block for each valid one, with its segments but no empty
+/// slots.
 int convConfigIPMCProfile_IPMCProfile_configure_ip_igmp_profile(const MulticastProfileTable &current);
-/// "ip igmp snooping" with "version-3", "flooding" and "mcast-router". Nothing on a board of type 5027.
+/// IGMP snooping (image 129624 to 129655): "ip igmp snooping" with "version-3", "flooding" and "mcast-router". Nothing
+/// on a board of type 5027.
 int convConfigIGMPConfig_IGMPConfig_configure_ip_igmp(const IgmpSnooping &current);
-/// "ip igmp snooping" with "immediate-leave", "max-response-time" and "query-interval", in the switch's own units.
-/// Nothing on a board of type 5027.
+/// Its timers, in the same section: "ip igmp snooping" with "immediate-leave", "max-response-time" and
+/// "query-interval", in the switch's own units. Nothing on a board of type 5027.
 int convConfigIGMPSetting_IGMPSetting_configure_ip_igmp_snooping(const IgmpSnooping &current);
-/// Blocks of "ip igmp filter" by value, of "ip igmp max-groups" by equal maximum and of "ip igmp filter profile" by
-/// equal name. Finds the filters of the ports itself in the current image.
+/// Filters of the ports (image 177432 to 180287), which it finds itself in the current image: blocks of
+/// "ip igmp filter" by value, of "ip igmp max-groups" by equal maximum and of "ip igmp filter profile" by equal name.
 int IGMPFilterFunc_configure_interface_ip_igmp_filter();
-/// An "ip igmp static-multicast-ip" block for each valid entry.
+/// Static groups (image 151592 to 156711): an "ip igmp static-multicast-ip" block for each valid entry.
 int convConfigMulticastTable_MulticastTable_configure_interface_ip_igmp_static_multicast_ip(
     const MulticastTable &current);
-/// "ip igmp snooping vlan" and its "query" for each VLAN from 1 to 4094 with a record in use, on every board.
+/// IGMP snooping of the VLANs (image 129656 to 146551): "ip igmp snooping vlan" and its "query" for each VLAN from 1 to
+/// 4094 with a record in use, on every board.
 int convConfigIGMPVIDSetting_IGMPVIDSetting_configure_ip_igmp(const IgmpVlans &current);
 } // namespace full
 

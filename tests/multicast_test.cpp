@@ -99,6 +99,14 @@ auto filters(
 
 const std::string noMaxima = "interface 1-28 \nip igmp max-groups 0\nexit\n";
 
+/// Maxima from 27 down to 0, one of its own for each port.
+std::string maximumOfEachPort() {
+    std::string text;
+    for (int port = 1; port <= 28; ++port)
+        text += "interface " + std::to_string(port) + " \nip igmp max-groups " + std::to_string(28 - port) + "\nexit\n";
+    return text;
+}
+
 std::string profileBlock(const std::string &list, const std::string &name) {
     return "interface " + list + " \nip igmp filter profile " + name + "\nexit\n";
 }
@@ -660,11 +668,9 @@ ROWS(PortFilters,
           "interface 4-26 \nip igmp max-groups 0\nexit\n"
           "interface 27 \nip igmp max-groups 256\nexit\n"},
          {"28 maxima", Mode::full, portFilters, filters([](PortFilter *port) {
-              for (int i = 0; i < 28; ++i) port[i].maxGroups = static_cast<std::uint16_t>(i < 2 ? i : 2);
+              for (int i = 0; i < 28; ++i) port[i].maxGroups = static_cast<std::uint16_t>(27 - i);
           }),
-          "interface 1 \nip igmp max-groups 0\nexit\n"
-          "interface 2 \nip igmp max-groups 1\nexit\n"
-          "interface 3-28 \nip igmp max-groups 2\nexit\n"},
+          maximumOfEachPort()},
          {"profiles by equal name in any slot", Mode::full, portFilters, filters([](PortFilter *port) {
               port[0].profile[0] = "a";
               port[2].profile[1] = "b";

@@ -1,3 +1,4 @@
+#include "byte_changes.h"
 #include "rows.h"
 
 #include "sections/snmp.h"
@@ -680,6 +681,21 @@ ROWS(SnmpTraps,
           "snmp-server trap-type battery-mode\nno snmp-server trap-type case-fan\nsnmp-server trap-type poe\n"
           "snmp-server trap-type cpu-load\nno snmp-server trap-type mac-limit\nsnmp-server trap-type storm-control\n"},
      }));
+
+/// Any byte of a record makes it differ, those without a meaning too.
+TEST(Snmp, EveryByteOfARecordCounts) {
+    const auto given = [](ConfigImage &current, ConfigImage &defaults) {
+        for (ConfigImage *image : {&current, &defaults}) {
+            image->communities[0] = image->communities[9] = someCommunity("public");
+            image->trapDestinations[0] = image->trapDestinations[9] = someDestination();
+        }
+    };
+    for (const std::size_t at : {std::size_t{126432}, std::size_t{126432 + 9 * 104}})
+        expectCounting(agent, given, at, at + 103, {{at, at + 103, ""}});
+    for (const std::size_t at : {std::size_t{127724}, std::size_t{127724 + 9 * 52}})
+        expectCounting(destinations, given, at, at + 51, {{at, at + 51, "snmp-server trap-destination "}});
+    expectCounting(traps, given, 128244 - 4, 128284 + 4, {{128244, 128283, ""}});
+}
 
 TEST(Snmp, Traces) {
     resetAll();

@@ -1,3 +1,4 @@
+#include "byte_changes.h"
 #include "rows.h"
 
 #include "platform/host/factory.h"
@@ -1071,6 +1072,15 @@ ROWS(TimeRanges,
           }),
           inDelta("")},
      }));
+
+/// Any of the 204 bytes of a time range makes it differ.
+TEST(TimeRanges, EveryByteCounts) {
+    const auto given = [](ConfigImage &current, ConfigImage &defaults) {
+        for (ConfigImage *image : {&current, &defaults}) image->timeRanges[0] = image->timeRanges[9] = someRange();
+    };
+    for (const std::size_t at : {std::size_t{202992}, std::size_t{202992 + 9 * 204}})
+        expectCounting(timeRanges, given, at, at + 203, {{at, at + 203, "time-range "}});
+}
 
 TEST(System, Traces) {
     resetAll();

@@ -1,3 +1,4 @@
+#include "byte_changes.h"
 #include "rows.h"
 
 #include "sections/users.h"
@@ -639,6 +640,15 @@ TEST(Users, NothingButTheFieldIsWritten) {
             const bool isNew = mode == Mode::full || length != 0;
             EXPECT_EQ(isNew, std::string(Temp_Configuration).find(line) != std::string::npos) << length;
         }
+}
+
+/// Any of the first 104 bytes of an account makes it differ, and no later one.
+TEST(Users, FirstBytesOfAnAccountCount) {
+    const auto given = [](ConfigImage &current, ConfigImage &defaults) {
+        for (ConfigImage *image : {&current, &defaults}) image->users[0] = image->users[9] = someUser("admin");
+    };
+    for (const std::size_t at : {std::size_t{1724}, std::size_t{1724 + 9 * 152}})
+        expectCounting(users, given, at, at + 151, {{at, at + 103, ""}});
 }
 
 TEST(Users, Traces) {
