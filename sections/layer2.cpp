@@ -77,9 +77,9 @@ int delta::convConfigVLANConfig_mid_vlan_port_iso_config_configure_vlan_isolatio
     const PortSetText uplinks = textOf(current.uplinks);
     const PortBitmap others = complementOf(current.uplinks);
     const PortSetText othersText = textOf(others);
-    if (!noPort(current.uplinks) && !(uplinks == textOf(defaults.uplinks)))
+    if (!noPort(current.uplinks) && uplinks != textOf(defaults.uplinks))
         append("vlan isolation up-link-port %s\n", uplinks);
-    if (!noPort(others) && !(othersText == textOf(complementOf(defaults.uplinks))))
+    if (!noPort(others) && othersText != textOf(complementOf(defaults.uplinks)))
         append("no vlan isolation up-link-port %s\n", othersText);
     if (current.enabled != defaults.enabled)
         appendSwitch(isOn(current.enabled), "vlan isolation\n", "no vlan isolation\n");

@@ -7,26 +7,28 @@
 #include "platform/image.h"
 
 namespace full {
-/// "qos" (the priority mode), "qos dscp-map", "qos queuing-mode", "qos queue-weighted" and "qos 802.1p-map". Modes
-/// without a command and queues to which nothing is mapped have no line.
+/// Priorities and queues (image 128284 to 128487): "qos" (the priority mode), "qos dscp-map", "qos queuing-mode", "qos
+/// queue-weighted" and "qos 802.1p-map". Modes without a command and queues to which nothing is mapped have no line.
 int convConfigPriorityConfig_PriorityConfig_configure_qos(const PriorityConfig &current);
-/// "qos remarking dscp" (nothing for a mode beyond 2) and "qos remarking 802.1p".
+/// Switches of the remarking (image 129356 and 129357): "qos remarking dscp" (nothing for a mode beyond 2) and "qos
+/// remarking 802.1p".
 int convConfigDSCPRemark_DSCPRemark_configure_qos(const Remarking &current);
-/// A "qos remarking dscp-map" block for each of the eight DSCP remarking entries.
+/// DSCP remarking entries (image 129392 to 129423): a "qos remarking dscp-map" block for each of the eight.
 int convConfigDSCPPriority_DSCPPriority_configure_qos_remarking(const Remarking &current);
-/// A "qos remarking 802.1p-map" block for each of the eight 802.1p remarking entries, which it finds itself in the
-/// current image.
+/// 802.1p remarking entries (image 129360 to 129391), which it finds itself in the current image: a "qos remarking
+/// 802.1p-map" block for each of the eight.
 int PbitPriorityFunc_configure_qos_remarking();
-/// "qos management-priority".
+/// Priority of management traffic (image 128449): "qos management-priority".
 int convConfigVLANConfig_mid_sys_vlan_config_configure_qos(const PriorityConfig &current);
 /// Writes nothing.
 int convConfigPriorityConfig_PriorityConfig_configure_interface_qos();
-/// Blocks of "qos rate-limit ingress" and "qos rate-limit egress" by equal rate, and for the ports that are not in the
-/// set of limited ones. A rate of 1 is never written.
+/// Rate limits of the ports (image 125428 to 125659): blocks of "qos rate-limit ingress" and "qos rate-limit egress" by
+/// equal rate, and for the ports that are not in the set of limited ones. A rate of 1 is never written.
 int convConfigRateLimitConfig2_RateLimitConfig2_configure_interface_qos(const RateLimits &current);
 /// Writes nothing.
 int convConfigDSCPRemark_DSCPRemark_configure_interface_qos();
-/// Blocks of "qos user-priority" by equal priority. A priority of 9 is never written.
+/// User priorities of the ports (image 128421 to 128448): blocks of "qos user-priority" by equal priority. A priority
+/// of 9 is never written.
 int convConfigVLANConfig_VLANConfig_configure_interface_qos(const PriorityConfig &current);
 
 // A switch has no LAN and WAN interfaces of their own: these write nothing.

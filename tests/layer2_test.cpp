@@ -1,6 +1,7 @@
 #include "rows.h"
 
 #include "platform/host/factory.h"
+#include "sections/layer2.h"
 
 #include <algorithm>
 #include <cstring>
@@ -1825,6 +1826,69 @@ TEST(Layer2, EveryEmitterTracesButTheManagementVlanInFullMode) {
             EXPECT_EQ(text, Temp_Configuration);
         }
     }
+}
+
+TEST(Layer2, EmittersReturn0) {
+    resetAll();
+    const ConfigImage &now = *gSysConfig;
+    const ConfigImage &was = *gDefConfig;
+    const int results[] = {
+        full::convConfigVLANConfig_mid_vlan_lan_configure(),
+        full::convConfigPortTrunk_PortTrunk_configure_channel_group(now.trunks),
+        full::convConfigPortTrunkMode_PortTrunkMode_configure_channel_group(now.distribution),
+        full::convConfigLLDPConfig_LLDPConfig_configure_lldp(now.lldp),
+        full::convConfigSwitchConfig_SwitchConfig_configure_mac(now.switchConfig),
+        full::convConfigPortMirror_PortMirror_configure_mirror_destination(now.mirror),
+        full::convConfigPortMirror_PortMirror_configure_mirror_mode(),
+        full::convConfigPortMirror_PortMirror_configure_mirror_source(now.mirror),
+        full::convConfigSTPConfig_STPConfig_configure_spanning_tree(),
+        full::convConfigSwitchConfig_SwitchConfig_configure_switch_bpdu(now.switchConfig),
+        full::convConfigVLANConfig_mid_sys_vlan_config_configure_vlan(),
+        full::convConfigQinQConfig_QinQConfig_configure_vlan_dot1q_tunnel(now.qinq),
+        full::convConfigVLANConfig_mid_vlan_port_iso_config_configure_vlan_isolation(now.isolation),
+        full::convConfigPortVLAN_mid_sys_vlan_portVlan_configure_vlan_port_based(now.portVlans, was.portVlans),
+        full::ManageVLANFunc_configure_vlan(),
+        full::convConfigLACPConfig_mid_sys_lacp_configure_interface_channel_group_lacp(now.lacp),
+        full::convConfigPortTrunk_PortTrunk_configure_interface_channel_group_trunking(now.trunks),
+        full::convConfigLLDPConfig_LLDPConfig_configure_interface_lldp(now.lldp),
+        full::convConfigLoopDetection_LoopDetection_configure_interface_loop_detection(now.loopDetection),
+        full::convConfigMacTable_MacTable_configure_interface_mac_address_table(now.macTable),
+        full::convConfigSwitchConfig_SwitchConfig_configure_interface_mac_learning(now.macLearning),
+        full::convConfigSTPConfig_STPConfig_configure_interface_spanning_tree(now.stpPorts),
+        full::convConfigVLANConfig_mid_sys_vlan_config_configure_interface_vlan(now.vlanPorts),
+        full::convConfigPortVLAN_mid_sys_vlan_portVlan_configure_interface_vlan_port_based(now.portVlans),
+        full::convConfigTagVLAN_mid_sys_vlan_tagVlan_configure_vlan(now.tagVlans),
+        full::convConfigLoopDetection_LoopDetection_configure_loop_detection(now.loopDetection),
+        full::convConfigVLANConfig_mid_sys_vlan_config_configure_interface_lan_vlan(),
+        full::convConfigVLANConfig_mid_sys_vlan_config_configure_interface_wan_vlan(),
+        delta::convConfigPortTrunk_PortTrunk_configure_channel_group(now.trunks),
+        delta::convConfigPortTrunkMode_PortTrunkMode_configure_channel_group(now.distribution, was.distribution),
+        delta::convConfigLLDPConfig_LLDPConfig_configure_lldp(now.lldp, was.lldp),
+        delta::convConfigSwitchConfig_SwitchConfig_configure_mac(now.switchConfig, was.switchConfig),
+        delta::convConfigPortMirror_PortMirror_configure_mirror_destination(now.mirror, was.mirror),
+        delta::convConfigPortMirror_PortMirror_configure_mirror_source(now.mirror, was.mirror),
+        delta::convConfigSTPConfig_STPConfig_configure_spanning_tree(now.stp, was.stp),
+        delta::convConfigSwitchConfig_SwitchConfig_configure_switch_bpdu(now.switchConfig, was.switchConfig),
+        delta::convConfigVLANConfig_mid_sys_vlan_config_configure_vlan(now.vlanMode, was.vlanMode),
+        delta::convConfigQinQConfig_QinQConfig_configure_vlan_dot1q_tunnel(now.qinq),
+        delta::convConfigVLANConfig_mid_vlan_port_iso_config_configure_vlan_isolation(now.isolation, was.isolation),
+        delta::convConfigPortVLAN_mid_sys_vlan_portVlan_configure_vlan_port_based(now.portVlans, was.portVlans),
+        delta::ManageVLANFunc_configure_vlan(),
+        delta::convConfigLACPConfig_mid_sys_lacp_configure_interface_channel_group_lacp(now.lacp, was.lacp),
+        delta::convConfigPortTrunk_PortTrunk_configure_interface_channel_group_trunking(now.trunks, was.trunks),
+        delta::convConfigLLDPConfig_LLDPConfig_configure_interface_lldp(now.lldp, was.lldp),
+        delta::convConfigLoopDetection_LoopDetection_configure_interface_loop_detection(now.loopDetection,
+                                                                                        was.loopDetection),
+        delta::convConfigMacTable_MacTable_configure_interface_mac_address_table(now.macTable, was.macTable),
+        delta::convConfigSwitchConfig_SwitchConfig_configure_interface_mac_learning(now.macLearning, was.macLearning),
+        delta::convConfigSTPConfig_STPConfig_configure_interface_spanning_tree(now.stpPorts, was.stpPorts),
+        delta::convConfigVLANConfig_mid_sys_vlan_config_configure_interface_vlan(now.vlanPorts, was.vlanPorts),
+        delta::convConfigPortVLAN_mid_sys_vlan_portVlan_configure_interface_vlan_port_based(now.portVlans,
+                                                                                            was.portVlans),
+        delta::convConfigTagVLAN_mid_sys_vlan_tagVlan_configure_vlan(now.tagVlans, was.tagVlans),
+        delta::convConfigLoopDetection_LoopDetection_configure_loop_detection(now.loopDetection, was.loopDetection),
+    };
+    for (const int result : results) EXPECT_EQ(0, result);
 }
 
 TEST(Layer2, LoopDetectionTracesOnItsSilentBoard) {

@@ -142,7 +142,7 @@ TEST_F(TextBuffer, ClearTextClearsEveryByte) {
 
 TEST_F(TextBuffer, ClearTextClearsAByteOnItsOwn) {
     for (std::size_t page = 0; page < textBufferSize; page += 4096)
-        for (const std::size_t at : {0, 1, 2, 2048, 4094, 4095}) {
+        for (const std::size_t at : {0U, 1U, 2U, 2048U, 4094U, 4095U}) {
             Temp_Configuration[page + at] = 1;
             clearText();
             EXPECT_EQ(0, Temp_Configuration[page + at]) << page << " " << at;
