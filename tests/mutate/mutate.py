@@ -420,7 +420,7 @@ class Build:
             new = scratch / (source.replace("/", "-") + ".o")
             text = overlay / source if (overlay / source).exists() else self.copy / source
             command = re.sub(r" -MD -MT \S+ -MF \S+", "", command)
-            command = re.sub(r" -o \S+ -c \S+$", f" -w -Werror=return-type -o {new} -c {text}", command)
+            command = re.sub(r" -o \S+ -c \S+$", f" -Werror=return-type -o {new} -c {text}", command)
             command = command.replace(" -I", f" -I{overlay} -I", 1)
             if not passes(command, self.binary, 200):
                 return None
