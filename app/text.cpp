@@ -24,7 +24,8 @@ static_assert(textBufferSize % clearedAtOnce == 0);
 constinit char *textEnd = Temp_Configuration;
 bool overflowed;
 
-/// Whether the text still ends where this file left it: not cleared, cut short or continued by someone else.
+/// Whether the text still ends where this file left it: not cleared, continued, or shortened by its last character, by
+/// someone else. That a longer text was cut short further in is not noticed; all of it would have to be looked at.
 bool endIsKnown() {
     return *textEnd == '\0' &&
            (textEnd == Temp_Configuration || (textEnd[-1] != '\0' && Temp_Configuration[0] != '\0'));

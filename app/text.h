@@ -10,6 +10,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <initializer_list>
 
 inline constexpr std::size_t textBufferSize = 262144;
@@ -21,7 +22,8 @@ extern char Temp_Configuration[textBufferSize];
 /// The line being formatted; its first byte is 0 between lines.
 extern char LineBuffer[lineBufferSize];
 
-/// Non-zero makes every emitter print its name on standard output. Nothing in the program sets it.
+/// Non-zero makes the emitters print their names on standard output, but for a few in full mode. Nothing in the program
+/// sets it.
 extern std::int32_t gCfgDebug;
 
 /// Whether a line did not fit since the text was last cleared.

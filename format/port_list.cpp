@@ -3,6 +3,8 @@
 #include "app/text.h"
 #include "platform/util.h"
 
+#include <iterator>
+
 namespace {
 
 /// The rule by which every list is compressed. Walks `count` elements and calls `print(separator, index)` for each that

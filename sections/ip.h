@@ -45,4 +45,7 @@ using full::convConfig_mid_sys_netcfg_ipv6_lan_configure;           // traces on
 using full::convConfig_mid_sys_netcfg_wan_configure;                // traces only
 using full::convConfig_mid_sys_netcfg_wan_ipv6_configure;           // traces only
 using full::convConfig_mid_sys_radvd_configure;                     // traces only
+// These trace only, and no driver calls them in delta mode.
+using full::convConfigNetConfig_mid_sys_ddns_server_configure;
+using full::convConfigNetConfig_mid_sys_dhcp_server_configure;
 } // namespace delta

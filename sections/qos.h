@@ -68,4 +68,6 @@ using full::convConfigRateLimitConfig2_RateLimitConfig2_configure_interface_lan_
 using full::convConfigRateLimitConfig2_RateLimitConfig2_configure_interface_wan_qos; // traces only
 using full::convConfigVLANConfig_VLANConfig_configure_interface_lan_qos;             // traces only
 using full::convConfigVLANConfig_VLANConfig_configure_interface_wan_qos;             // traces only
+// Traces only, and no driver calls it in delta mode.
+using full::convConfigPriorityConfig_PriorityConfig_configure_interface_qos;
 } // namespace delta

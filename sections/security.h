@@ -108,4 +108,6 @@ int convConfigMacLimit_MacLimit_configure_interface_security_mac_limit(const Mac
 /// Both blocks if the trusted ports differ.
 int convConfigSKAConfig2_SKAConfig2_configure_interface_ip_dhcp_server_trust(const ServerTrust &current,
                                                                              const ServerTrust &defaults);
+// Traces only, and no driver calls it in delta mode.
+using full::convConfigStormControl_StormControl_configure_interface_security;
 } // namespace delta

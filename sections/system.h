@@ -72,4 +72,7 @@ int convConfigTimeRangeConfig_TimeRangeConfig_configure_timerange(const TimeRang
                                                                   const TimeRangeTable &defaults);
 using full::convConfigUSBControl_USBControl_configure_usb; // traces only
 using full::convConfigVoice;                               // traces only
+// These trace only, and no driver calls them in delta mode.
+using full::convConfigAdvancedfunction;
+using full::convConfigApplicationfunction;
 } // namespace delta

@@ -342,6 +342,43 @@ TEST(Order, EmittersThatDoNotTrace) {
     EXPECT_EQ(116U, names.size());
 }
 
+TEST(Order, EmittersThatDeltaModeLeavesOutHaveTwins) {
+    const struct {
+        const char *emitter;
+        int (*twin)();
+        bool traces;
+    } rows[] = {
+        {"convConfigAdvancedfunction", delta::convConfigAdvancedfunction, true},
+        {"convConfigApplicationfunction", delta::convConfigApplicationfunction, true},
+        {"convConfigNetConfig_mid_sys_ddns_server_configure", delta::convConfigNetConfig_mid_sys_ddns_server_configure,
+         true},
+        {"convConfigNetConfig_mid_sys_dhcp_server_configure", delta::convConfigNetConfig_mid_sys_dhcp_server_configure,
+         true},
+        {"InterfaceGroup_configure_ip_group", delta::InterfaceGroup_configure_ip_group, false},
+        {"convConfigPortMirror_PortMirror_configure_mirror_mode",
+         delta::convConfigPortMirror_PortMirror_configure_mirror_mode, true},
+        {"convConfigPriorityConfig_PriorityConfig_configure_interface_qos",
+         delta::convConfigPriorityConfig_PriorityConfig_configure_interface_qos, true},
+        {"convConfigStormControl_StormControl_configure_interface_security",
+         delta::convConfigStormControl_StormControl_configure_interface_security, true},
+        {"PortConfigFunc_configure_interface_lan", delta::PortConfigFunc_configure_interface_lan, false},
+        {"PortConfigFunc_configure_interface_wan", delta::PortConfigFunc_configure_interface_wan, false},
+    };
+    resetAll();
+    std::set<std::string> leftOut;
+    for (const order::Step &step : order::steps)
+        if (step.delta == nullptr) leftOut.emplace(step.emitter);
+    gCfgDebug = 1;
+    for (const auto &row : rows) {
+        EXPECT_EQ(1U, leftOut.erase(row.emitter)) << row.emitter;
+        const std::string traced = row.traces ? "[" + std::string(row.emitter) + "]\n" : "";
+        EXPECT_EQ(traced, printedBy([&row] { EXPECT_EQ(0, row.twin()); }));
+    }
+    gCfgDebug = 0;
+    EXPECT_TRUE(leftOut.empty());
+    EXPECT_STREQ("", Temp_Configuration);
+}
+
 TEST(Order, StepsBearTheNamesThatTheirEmittersTrace) {
     resetAll();
     for (const order::Step &step : order::steps) {

@@ -4,6 +4,7 @@
 #include "platform/host/store_export.h"
 #include "platform/mapi.h"
 #include "platform/util.h"
+#include "tests/image_sections.h"
 
 #include <gtest/gtest.h>
 
@@ -830,76 +831,6 @@ TEST(PasswordMd5, IsRefusedByName) {
 
 // ------------------------------------------------------------------------------------------------ the built-in store
 
-/// The sections of an image: a name and the bytes.
-struct Section {
-    const char *name;
-    std::size_t offset, size;
-};
-#define SECTION(member)                                                                                                \
-    Section { #member, offsetof(ConfigImage, member), sizeof(ConfigImage::member) }
-const Section sections[] = {
-    SECTION(time),
-    SECTION(ipv4),
-    SECTION(ipv6),
-    SECTION(company),
-    SECTION(service),
-    SECTION(console),
-    SECTION(users),
-    SECTION(ports),
-    SECTION(vlanMode),
-    SECTION(vlanPorts),
-    SECTION(portVlans),
-    SECTION(tagVlans),
-    SECTION(lacp),
-    SECTION(trunks),
-    SECTION(distribution),
-    SECTION(macTable),
-    SECTION(macLearning),
-    SECTION(macLimit),
-    SECTION(mirror),
-    SECTION(loopDetection),
-    SECTION(rateLimits),
-    SECTION(storm),
-    SECTION(dhcpSnooping),
-    SECTION(switchConfig),
-    SECTION(communities),
-    SECTION(trapDestinations),
-    SECTION(traps),
-    SECTION(priority),
-    SECTION(remarking),
-    SECTION(qinq),
-    SECTION(igmp),
-    SECTION(igmpVlans),
-    SECTION(log),
-    SECTION(radius),
-    SECTION(stp),
-    SECTION(stpPorts),
-    SECTION(dhcpSnoopingPorts),
-    SECTION(sourceGuard),
-    SECTION(sourceGuardTable),
-    SECTION(circuitIds),
-    SECTION(ipSource),
-    SECTION(sourceBindings),
-    SECTION(multicastTable),
-    SECTION(multicastSegments),
-    SECTION(multicastProfiles),
-    SECTION(portFilters),
-    SECTION(lldp),
-    SECTION(dot1x),
-    SECTION(poe),
-    SECTION(acl),
-    SECTION(isolation),
-    SECTION(statisticsPolling),
-    SECTION(tacacs),
-    SECTION(timeRanges),
-    SECTION(poePorts),
-    SECTION(pppoe),
-    SECTION(logTerminalHistory),
-    SECTION(cpuLoadingThreshold),
-    SECTION(backup),
-};
-#undef SECTION
-
 bool differ(const ConfigImage &a, const ConfigImage &b, const Section &section) {
     return std::memcmp(bytesOf(a, section.offset), bytesOf(b, section.offset), section.size) != 0;
 }
@@ -908,7 +839,7 @@ std::vector<std::string> differing(std::int32_t a, std::int32_t b) {
     const auto first = composed(a);
     const auto second = composed(b);
     std::vector<std::string> names;
-    for (const Section &section : sections)
+    for (const Section &section : imageSections)
         if (differ(*first, *second, section)) names.push_back(section.name);
     return names;
 }
@@ -950,7 +881,7 @@ TEST(BuiltInStore, SelectorsNameTheImages) {
 TEST(BuiltInStore, RunningDiffersFromTheDefaultInEverySection) {
     const auto running = composed(MAPI_CONFIG_RUNNING);
     const auto initial = composed(MAPI_CONFIG_DEFAULT);
-    for (const Section &section : sections) EXPECT_TRUE(differ(*running, *initial, section)) << section.name;
+    for (const Section &section : imageSections) EXPECT_TRUE(differ(*running, *initial, section)) << section.name;
 }
 
 TEST(BuiltInStore, StartupLagsAFewChangesBehindRunning) {

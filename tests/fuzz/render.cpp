@@ -111,7 +111,7 @@ std::uint8_t *bytesOf(Given &of, bool defaults) {
 
 void patch(Input &input) {
     const std::uint8_t what = input.byte();
-    const fuzz::Section &section = fuzz::sections[input.byte() % std::size(fuzz::sections)];
+    const Section &section = fuzz::sections[input.byte() % std::size(fuzz::sections)];
     std::size_t place = input.number(3) % section.size + section.offset;
 
     const int kind = what >> 2 & 3;

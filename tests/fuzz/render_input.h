@@ -5,9 +5,11 @@
 /// wrap around, so that every input means something.
 #pragma once
 
-#include "platform/image.h"
+#include "tests/image_sections.h"
 
-#include <cstddef>
+#include <algorithm>
+#include <array>
+#include <iterator>
 
 namespace fuzz {
 
@@ -24,76 +26,12 @@ enum Kind {
     copyKind,   ///< three bytes of length: as in the other image
 };
 
-struct Section {
-    const char *name;
-    std::size_t offset;
-    std::size_t size;
-};
-#define SECTION(member)                                                                                                \
-    { #member, offsetof(ConfigImage, member), sizeof(ConfigImage::member) }
-inline constexpr Section sections[] = {
-    {"image", 0, sizeof(ConfigImage)},
-    SECTION(time),
-    SECTION(ipv4),
-    SECTION(ipv6),
-    SECTION(company),
-    SECTION(service),
-    SECTION(console),
-    SECTION(users),
-    SECTION(ports),
-    SECTION(vlanMode),
-    SECTION(vlanPorts),
-    SECTION(portVlans),
-    SECTION(tagVlans),
-    SECTION(lacp),
-    SECTION(trunks),
-    SECTION(distribution),
-    SECTION(macTable),
-    SECTION(macLearning),
-    SECTION(macLimit),
-    SECTION(mirror),
-    SECTION(loopDetection),
-    SECTION(rateLimits),
-    SECTION(storm),
-    SECTION(dhcpSnooping),
-    SECTION(switchConfig),
-    SECTION(communities),
-    SECTION(trapDestinations),
-    SECTION(traps),
-    SECTION(priority),
-    SECTION(remarking),
-    SECTION(qinq),
-    SECTION(igmp),
-    SECTION(igmpVlans),
-    SECTION(log),
-    SECTION(radius),
-    SECTION(stp),
-    SECTION(stpPorts),
-    SECTION(dhcpSnoopingPorts),
-    SECTION(sourceGuard),
-    SECTION(sourceGuardTable),
-    SECTION(circuitIds),
-    SECTION(ipSource),
-    SECTION(sourceBindings),
-    SECTION(multicastTable),
-    SECTION(multicastSegments),
-    SECTION(multicastProfiles),
-    SECTION(portFilters),
-    SECTION(lldp),
-    SECTION(dot1x),
-    SECTION(poe),
-    SECTION(acl),
-    SECTION(isolation),
-    SECTION(statisticsPolling),
-    SECTION(tacacs),
-    SECTION(timeRanges),
-    SECTION(poePorts),
-    SECTION(pppoe),
-    SECTION(logTerminalHistory),
-    SECTION(cpuLoadingThreshold),
-    SECTION(backup),
-};
-#undef SECTION
+/// What a patch names as its place: the image as a whole, or one of its sections. Inputs tell it by its index.
+inline constexpr auto sections = [] {
+    std::array<Section, std::size(imageSections) + 1> all = {{{"image", 0, sizeof(ConfigImage)}}};
+    std::copy(std::begin(imageSections), std::end(imageSections), all.begin() + 1);
+    return all;
+}();
 
 /// The base store that an input names.
 void composeBase(Base base, ConfigImage &current, ConfigImage &defaults);
