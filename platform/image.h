@@ -549,6 +549,13 @@ struct DhcpSnoopingPorts {
 static_assert(record<DhcpSnoopingPorts, 84> && offsetof(DhcpSnoopingPorts, portOption) == 4);
 static_assert(offsetof(DhcpSnoopingPorts, trust) == 32);
 
+/// Ports that are trusted to have a DHCP server. No driver renders them, so the section has no place in the image.
+struct ServerTrust {
+    Reserved<1> reserved0;
+    PortBitmap ports; ///< trusted ports
+};
+static_assert(record<ServerTrust, 5> && offsetof(ServerTrust, ports) == 1);
+
 using SourceGuardModes = u8[portCount]; ///< 0 fixed IP, 1 DHCP, 2 off
 
 /// Static source guard entry.

@@ -3,13 +3,6 @@
 
 #include "platform/image.h"
 
-/// Ports that are trusted to have a DHCP server. No driver renders them, so the section has no place in the image.
-struct ServerTrust {
-    Reserved<1> reserved0;
-    PortBitmap ports; ///< trusted ports
-};
-static_assert(record<ServerTrust, 5> && offsetof(ServerTrust, ports) == 1);
-
 namespace full {
 /// Access-control rules (image 180428 to 202699): for each valid rule "acl" with its number, the action and its port, a
 /// line for each field of a frame, the rate limit, "apply" and "exit". The rule's number decides whether its address

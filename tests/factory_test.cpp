@@ -18,6 +18,7 @@ struct Page {
 void asItIs(BoardRecord &) {}
 void withoutPoe(BoardRecord &board) { board.capabilities = 0; }
 void withBattery(BoardRecord &board) { board.capabilities = 0x150; }
+void withBatteryWithoutPoe(BoardRecord &board) { board.capabilities = 0x40; }
 void type5027(BoardRecord &board) { board.boardType = 5027; }
 
 class FactoryText : public testing::TestWithParam<Page> {};
@@ -37,19 +38,22 @@ TEST_P(FactoryText, IsAsWritten) {
     EXPECT_EQ(golden(page.golden), Temp_Configuration);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, FactoryText,
-                         testing::Values(Page{"factory_full.txt", convConfig, asItIs, false},
-                                         Page{"factory_page.txt", convHtmlConfig, asItIs, false},
-                                         Page{"factory_delta.txt", convDeltaConfig, asItIs, false},
-                                         Page{"factory_full_without_poe.txt", convConfig, withoutPoe, false},
-                                         Page{"factory_delta_without_poe.txt", convDeltaConfig, withoutPoe, false},
-                                         Page{"factory_full_battery.txt", convConfig, withBattery, false},
-                                         Page{"factory_delta_battery.txt", convDeltaConfig, withBattery, false},
-                                         Page{"factory_full_5027.txt", convConfig, type5027, false},
-                                         Page{"factory_delta_5027.txt", convDeltaConfig, type5027, false},
-                                         Page{"factory_full_md5.txt", convConfig, asItIs, true},
-                                         Page{"factory_delta_md5.txt", convDeltaConfig, asItIs, true}),
-                         [](const auto &row) {
-                             const std::string name = row.param.golden;
-                             return name.substr(0, name.find('.'));
-                         });
+INSTANTIATE_TEST_SUITE_P(
+    All, FactoryText,
+    testing::Values(Page{"factory_full.txt", convConfig, asItIs, false},
+                    Page{"factory_page.txt", convHtmlConfig, asItIs, false},
+                    Page{"factory_delta.txt", convDeltaConfig, asItIs, false},
+                    Page{"factory_full_without_poe.txt", convConfig, withoutPoe, false},
+                    Page{"factory_delta_without_poe.txt", convDeltaConfig, withoutPoe, false},
+                    Page{"factory_full_battery.txt", convConfig, withBattery, false},
+                    Page{"factory_delta_battery.txt", convDeltaConfig, withBattery, false},
+                    Page{"factory_full_battery_without_poe.txt", convConfig, withBatteryWithoutPoe, false},
+                    Page{"factory_delta_battery_without_poe.txt", convDeltaConfig, withBatteryWithoutPoe, false},
+                    Page{"factory_full_5027.txt", convConfig, type5027, false},
+                    Page{"factory_delta_5027.txt", convDeltaConfig, type5027, false},
+                    Page{"factory_full_md5.txt", convConfig, asItIs, true},
+                    Page{"factory_delta_md5.txt", convDeltaConfig, asItIs, true}),
+    [](const auto &row) {
+        const std::string name = row.param.golden;
+        return name.substr(0, name.find('.'));
+    });

@@ -1,11 +1,14 @@
 #include "rows.h"
 
+#include "app/run.h"
 #include "platform/host/factory.h"
+#include "platform/mapi.h"
 #include "sections/layer2.h"
 
 #include <algorithm>
 #include <cstring>
 #include <set>
+#include <unistd.h>
 
 namespace {
 
@@ -1958,6 +1961,26 @@ TEST(Layer2, FullVlanTableThatDoesNotFit) {
         EXPECT_TRUE(textOverflowed());
         EXPECT_LT(text.size(), textBufferSize);
         EXPECT_EQ('\n', text.back()); // what fitted before ended with a line
+    }
+}
+
+TEST(Layer2, RunRefusesTheVlanTableThatDoesNotFit) {
+    resetAll();
+    fillVlans(platform.images[MAPI_CONFIG_RUNNING], true, 46);
+    const std::string path = testing::TempDir() + "textcfg-layer2-" + std::to_string(getpid());
+    for (const char *verb : {"running_config", "running_config_delta"}) {
+        std::vector<std::string> words = {"tool", verb, "-f", path};
+        std::vector<char *> argv;
+        for (std::string &word : words) argv.push_back(word.data());
+        int status = 0;
+        const std::string printed =
+            printedBy([&] { status = textcfgMain(static_cast<int>(argv.size()), argv.data()); });
+        EXPECT_EQ(-1, status);
+        EXPECT_EQ("tool: text configuration too long (limit 262143 bytes)\n", printed);
+        EXPECT_EQ(-1, access(path.c_str(), F_OK)) << "a file was made";
+        EXPECT_EQ("end 1", platform.calls.back());
+        platform.reset();
+        fillVlans(platform.images[MAPI_CONFIG_RUNNING], true, 46);
     }
 }
 

@@ -789,6 +789,7 @@ void snmp(ConfigImage &image) {
     image.traps.warmStart = 1;
     image.traps.authFail = 1;
     image.traps.portLink.set(0);
+    image.traps.batteryMode = 1;
     image.traps.cpuLoad = 1;
     image.traps.macLimit = 1;
     image.traps.stormControl = 1;
