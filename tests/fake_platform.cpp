@@ -54,17 +54,16 @@ std::int32_t mapi_sys_config_getconfig(std::int32_t handle, std::int32_t selecto
 }
 
 std::int32_t mapi_sys_dualimage_state_get(std::int32_t handle) {
-    fails("bank " + std::to_string(handle));
-    return platform.bank;
+    return fails("bank " + std::to_string(handle)) ? -1 : platform.bank;
 }
 
 std::int32_t mapi_sys_userauth_method_get(std::int32_t handle) {
-    fails("method " + std::to_string(handle));
+    fails("method " + std::to_string(handle)); // any answer is one: a failure cannot be told
     return platform.passwordMethod;
 }
 
 std::int32_t mapi_sys_userauth_password_md5_get(std::int32_t handle, const char *password, char *md5) {
-    fails("md5 " + std::to_string(handle) + " " + password);
+    if (fails("md5 " + std::to_string(handle) + " " + password)) return platform.failure;
     if (platform.md5) platform.md5(password, md5);
     return 0;
 }

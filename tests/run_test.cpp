@@ -508,7 +508,8 @@ TEST_F(Run, FailingHeaderTransactionDropsTheHeaderOnly) {
     EXPECT_EQ(body, contents(path));
 }
 
-TEST_F(Run, ResultsOfTheOtherCallsAreNotLookedAt) {
+TEST_F(Run, ResultsOfTheOtherCallsDoNotEndTheRun) {
+    platform.board.versionOfBank1 = "V1.0";
     EXPECT_EQ(silentSuccess, run({"running_config", "-f", path}));
     const Calls good = platform.calls;
     const std::string text = contents(path);
@@ -518,7 +519,10 @@ TEST_F(Run, ResultsOfTheOtherCallsAreNotLookedAt) {
         platform.failingCall = static_cast<int>(failing);
         EXPECT_EQ(silentSuccess, run({"running_config", "-f", path})) << good[failing];
         EXPECT_EQ(good, platform.calls) << good[failing];
-        EXPECT_EQ(text, contents(path)) << good[failing];
+        // A bank that cannot be told leaves the version empty; nothing else shows.
+        std::string expected = text;
+        if (good[failing].starts_with("bank")) expected.erase(expected.find("V1.0"), 4);
+        EXPECT_EQ(expected, contents(path)) << good[failing];
     }
 }
 
