@@ -1964,6 +1964,20 @@ TEST(Layer2, FullVlanTableThatDoesNotFit) {
     }
 }
 
+TEST(Layer2, FullVlanTableWithoutTheCpuPortHasNoManagementVlan) {
+    resetAll();
+    for (TagVlan &vlan : gSysConfig->tagVlans)
+        vlan.inUse = 1; // VLAN 0, in which every access port without one would be
+    for (const Mode mode : {Mode::full, Mode::delta}) {
+        gDefConfig->tagVlans[0].id = 7;
+        callStep(mode, "ManageVLANFunc_configure_vlan");
+        EXPECT_STREQ("", Temp_Configuration);
+    }
+    gSysConfig->tagVlans[2076].members.set(cpuPort);
+    callStep(Mode::full, "ManageVLANFunc_configure_vlan");
+    EXPECT_STREQ("vlan management-vlan 0 management-port 1-28  mode access\n", Temp_Configuration);
+}
+
 TEST(Layer2, RunRefusesTheVlanTableThatDoesNotFit) {
     resetAll();
     fillVlans(platform.images[MAPI_CONFIG_RUNNING], true, 46);

@@ -538,9 +538,11 @@ ROWS(IgmpVlans, ({
                     {"first and last", Mode::full, vlans,
                      [](ConfigImage &current, ConfigImage &) {
                          useVlan(current.igmpVlans, 1, 1, 0);
+                         useVlan(current.igmpVlans, 2, 0, 1);
                          useVlan(current.igmpVlans, 4094, 0, 255);
                      },
                      "ip igmp snooping vlan 1\nno ip igmp snooping vlan 1 query\n"
+                     "no ip igmp snooping vlan 2\nip igmp snooping vlan 2 query\n"
                      "no ip igmp snooping vlan 4094\nip igmp snooping vlan 4094 query\n"},
                     {"board 5027", Mode::full, vlans, onBoard5027([](ConfigImage &current, ConfigImage &) {
                          useVlan(current.igmpVlans, 10, 0x80, 0x80);
