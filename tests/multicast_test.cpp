@@ -531,6 +531,12 @@ TEST(IgmpSnooping, FlagsAreComparedAsStored) {
 // ------------------------------------------------------------------------------------------- IGMP snooping of a VLAN
 
 ROWS(IgmpVlans, ({
+                    {"a VLAN of one digit", Mode::delta, vlans,
+                     [](ConfigImage &current, ConfigImage &defaults) {
+                         useVlan(current.igmpVlans, 2, 0, 1);
+                         defaults.igmpVlans.vlan[2].snooping = 1;
+                     },
+                     "no ip igmp snooping vlan 2\nip igmp snooping vlan 2 query\n"},
                     {"none in use", Mode::full, vlans,
                      [](ConfigImage &current, ConfigImage &) { current.igmpVlans.vlan[10].snooping = 1; }, ""},
                     {"0 and 4095 are none", Mode::full, vlans,
