@@ -1,7 +1,7 @@
 #include "app/drivers.h"
 
+#include "app/header.h"
 #include "app/order.h"
-#include "app/text.h"
 
 #include <array>
 
@@ -9,11 +9,11 @@ namespace {
 
 /// What one mode calls, in order. Taken from the table at compile time, so that the program carries no names that it
 /// does not print.
-template <std::size_t Count> consteval std::array<void (*)(), Count> callsOf(void (*order::Step::*mode)()) {
+template <std::size_t Count> consteval std::array<void (*)(), Count> callsOf(order::Call order::Step::*mode) {
     std::array<void (*)(), Count> calls = {};
     std::size_t next = 0;
     for (const order::Step &step : order::steps)
-        if (step.*mode != nullptr) calls[next++] = step.*mode;
+        if (step.*mode) calls[next++] = (step.*mode).run;
     return calls;
 }
 

@@ -3,11 +3,15 @@
 
 namespace {
 
-ConfigImage currentImage;
-ConfigImage defaultImage;
+/// The platform fills the records with code of its own, which may read and write 32-bit words: a cache line of
+/// alignment serves it.
+constexpr std::size_t recordAlignment = 64;
+
+alignas(recordAlignment) ConfigImage currentImage;
+alignas(recordAlignment) ConfigImage defaultImage;
 
 } // namespace
 
 ConfigImage *const gSysConfig = &currentImage;
 ConfigImage *const gDefConfig = &defaultImage;
-BoardRecord g_EEPROM;
+alignas(recordAlignment) BoardRecord g_EEPROM;

@@ -1,7 +1,7 @@
 #include "app/run.h"
 
-#include "app/drivers.h"
-#include "app/text.h"
+#include "app/text/text.h"
+#include "app/verbs.h"
 #include "platform/board.h"
 #include "platform/image.h"
 #include "platform/mapi.h"
@@ -23,35 +23,6 @@ constexpr const char *usage = "\nUsage: \n"
                               "    running_config  [-f filename] [-F filename]\n"
                               "    startup_config  [-f filename] [-F filename]\n"
                               "    customer_def_config  [-f filename] [-F filename]";
-
-/// A word of the command line: which image it renders, and how.
-struct Verb {
-    const char *word;
-    std::int32_t selector;
-    void (*driver)();
-};
-
-constexpr Verb verbs[] = {
-    {"default_config", MAPI_CONFIG_DEFAULT, convDefConfig},
-    {"running_config", MAPI_CONFIG_RUNNING, convConfig},
-    {"startup_config", MAPI_CONFIG_STARTUP, convConfig},
-    {"customer_def_config", MAPI_CONFIG_CUSTOMER_DEFAULT, convDefConfig},
-
-    {"default_config_delta", MAPI_CONFIG_DEFAULT, convDeltaDefConfig},
-    {"running_config_delta", MAPI_CONFIG_RUNNING, convDeltaConfig},
-    {"startup_config_delta", MAPI_CONFIG_STARTUP, convDeltaConfig},
-    {"customer_def_config_delta", MAPI_CONFIG_CUSTOMER_DEFAULT, convDeltaDefConfig},
-
-    {"default_config_page", MAPI_CONFIG_DEFAULT, convHtmlConfig},
-    {"running_config_page", MAPI_CONFIG_RUNNING, convHtmlConfig},
-    {"startup_config_page", MAPI_CONFIG_STARTUP, convHtmlConfig},
-    {"customer_def_config_page", MAPI_CONFIG_CUSTOMER_DEFAULT, convHtmlConfig},
-
-    {"default_config_delta_page", MAPI_CONFIG_DEFAULT, convDeltaHtmlConfig},
-    {"running_config_delta_page", MAPI_CONFIG_RUNNING, convDeltaHtmlConfig},
-    {"startup_config_delta_page", MAPI_CONFIG_STARTUP, convDeltaHtmlConfig},
-    {"customer_def_config_delta_page", MAPI_CONFIG_CUSTOMER_DEFAULT, convDeltaHtmlConfig},
-};
 
 /// Reads the words: sets the verb that is to be run (the last one wins, unknown ones are ignored) and `ConfigFile`.
 /// Returns false, having told why, if they cannot be understood.

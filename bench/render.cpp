@@ -1,7 +1,7 @@
 /// Renders the running configuration of the store named by TEXTCFG_STORE once and prints the length of the text, so
 /// that the instructions of the driver alone can be counted: `bench_render full` or `bench_render delta`.
 #include "app/drivers.h"
-#include "app/text.h"
+#include "app/text/text.h"
 #include "platform/board.h"
 #include "platform/image.h"
 #include "platform/mapi.h"

@@ -1,7 +1,7 @@
 /// Texts that the platform makes: addresses, port sets, hexadecimal bytes.
 #pragma once
 
-#include "app/text.h"
+#include "app/text/text.h"
 #include "platform/image.h"
 #include "platform/util.h"
 

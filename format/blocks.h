@@ -5,7 +5,7 @@
 /// with a blank before its newline, that over bytes does not: the type of the array says which.
 #pragma once
 
-#include "app/text.h"
+#include "app/text/text.h"
 #include "format/port_list.h"
 #include "platform/util.h"
 
@@ -107,7 +107,7 @@ void forEachGroup(std::array<std::uint32_t, Ports> values, std::uint32_t marker,
 /// written once more, with the overwritten name.
 template <std::size_t Ports, std::size_t Width, class DefaultOf, class MarkOf>
 void appendNameBlocks(std::array<Text<Width>, Ports> names, DefaultOf defaultOf, MarkOf markOf,
-                      typename AsIs<Format<Text<Width>>>::type line) {
+                      std::type_identity_t<Format<Text<Width>>> line) {
     for (std::size_t i = 0; i < Ports; ++i) {
         if (sameText(names[i], defaultOf(i))) continue;
         append("interface %d", static_cast<int>(i + 1));

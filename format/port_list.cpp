@@ -1,6 +1,6 @@
 #include "format/port_list.h"
 
-#include "app/text.h"
+#include "app/text/line_writer.h"
 #include "platform/util.h"
 
 #include <iterator>

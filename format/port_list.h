@@ -5,7 +5,7 @@
 /// text's. Entry 0 of an array is port 1.
 #pragma once
 
-#include "app/text.h"
+#include "app/text/text.h"
 #include "platform/image.h"
 
 #include <array>

@@ -7,6 +7,10 @@
 
 #include "platform/record.h"
 
+#include <algorithm>
+#include <array>
+#include <string_view>
+
 inline constexpr int portCount = 28;    ///< front ports of the switch
 inline constexpr int poePortCount = 24; ///< front ports that can feed a powered device
 inline constexpr int cpuPort = 28;      ///< bit of the CPU port in a port bitmap
@@ -111,11 +115,11 @@ struct User {
     u8 active; ///< account is active
     u8 inUse;  ///< entry is in use
     Reserved<2> reserved2;
-    Text<24> name;        ///< user name
-    Text<24> password;    ///< password in clear
-    Text<24> passwordMd5; ///< MD5 form of the password, may be empty
-    Text<48> description; ///< description
-    u8 level;             ///< privilege level: 1 read-only, 2 read-write, 3 admin
+    Text<24> name;          ///< user name
+    Secret<24> password;    ///< password in clear
+    Secret<24> passwordMd5; ///< MD5 form of the password, may be empty
+    Text<48> description;   ///< description
+    u8 level;               ///< privilege level: 1 read-only, 2 read-write, 3 admin
     Reserved<27> reserved125;
 
     /// How much of a description counts when two are compared.
@@ -335,7 +339,7 @@ static_assert(offsetof(SwitchConfig, blockBpdu20to2F) == 48 && offsetof(SwitchCo
 struct Community {
     u8 inUse;             ///< entry is in use
     u8 active;            ///< community is active
-    Text<24> name;        ///< community name
+    Secret<24> name;      ///< community name
     Text<57> description; ///< description
     u8 level;             ///< access: 1 read-only, 2 read-write, 3 admin, 0 not set
     Reserved<20> reserved84;
@@ -349,11 +353,11 @@ using CommunityTable = Community[10];
 
 /// Destination of SNMP traps.
 struct TrapDestination {
-    u8 inUse;           ///< entry is in use
-    u8 active;          ///< destination is active
-    Text<24> community; ///< community name
-    Ipv4 address;       ///< address, IPv4
-    Ipv6 addressIpv6;   ///< address, IPv6; used when the IPv4 address is zero
+    u8 inUse;             ///< entry is in use
+    u8 active;            ///< destination is active
+    Secret<24> community; ///< community name
+    Ipv4 address;         ///< address, IPv4
+    Ipv6 addressIpv6;     ///< address, IPv6; used when the IPv4 address is zero
     Reserved<6> reserved46;
 };
 static_assert(record<TrapDestination, 52> && offsetof(TrapDestination, community) == 2);
@@ -497,7 +501,7 @@ static_assert(record<LogConfig, 72> && offsetof(LogConfig, server) == 2 && offse
 /// Client of an authentication server: RADIUS and TACACS+ alike.
 struct AuthenticationClient {
     be32 enabled;       ///< client is on
-    Text<32> secret;    ///< shared secret
+    Secret<32> secret;  ///< shared secret
     be_i32 port;        ///< server port
     i8 retryTime;       ///< retry time, signed
     Ipv4 server[2];     ///< servers 1 and 2, IPv4; used where the IPv6 address is zero
@@ -683,7 +687,7 @@ static_assert(offsetof(LldpConfig, portDescription) == 12 && offsetof(LldpConfig
 struct Dot1xConfig {
     u8 enabled;          ///< 802.1X is on
     Ipv4 server;         ///< authentication server
-    Text<33> secret;     ///< secret shared with the server
+    Secret<33> secret;   ///< secret shared with the server
     u8 reauthentication; ///< periodic re-authentication
     Reserved<1> reserved39;
     be16 reauthPeriod;         ///< re-authentication period
@@ -844,13 +848,13 @@ struct BackupConfig {
     u8 enabled; ///< automatic backup is on
     u8 time;    ///< backup time
     Reserved<2> reserved2;
-    be32 protocol;     ///< 1 FTP, other values TFTP
-    Ipv4 server;       ///< server, IPv4
-    Ipv6 serverIpv6;   ///< server, IPv6
-    u8 serverIsIpv6;   ///< the IPv6 address is the server's
-    Text<24> user;     ///< FTP user
-    Text<24> password; ///< FTP password
-    Text<56> path;     ///< path on the server
+    be32 protocol;       ///< 1 FTP, other values TFTP
+    Ipv4 server;         ///< server, IPv4
+    Ipv6 serverIpv6;     ///< server, IPv6
+    u8 serverIsIpv6;     ///< the IPv6 address is the server's
+    Secret<24> user;     ///< FTP user
+    Secret<24> password; ///< FTP password
+    Text<56> path;       ///< path on the server
 };
 static_assert(record<BackupConfig, 133> && offsetof(BackupConfig, protocol) == 4);
 static_assert(offsetof(BackupConfig, serverIpv6) == 12 && offsetof(BackupConfig, user) == 29);
@@ -949,37 +953,149 @@ struct ConfigImage {
 };
 static_assert(record<ConfigImage, 262144>);
 
-static_assert(offsetof(ConfigImage, time) == 0 && offsetof(ConfigImage, ipv4) == 376);
-static_assert(offsetof(ConfigImage, ipv6) == 492 && offsetof(ConfigImage, company) == 696);
-static_assert(offsetof(ConfigImage, service) == 1612 && offsetof(ConfigImage, console) == 1632);
+/// Every member of the image in its order: each section with its offset, and the reserved bytes between.
+// clang-format off
+#define CONFIG_IMAGE_MEMBERS(SECTION, RESERVED)   \
+    SECTION(time, 0)                              \
+    SECTION(ipv4, 376)                            \
+    SECTION(ipv6, 492)                            \
+    SECTION(company, 696)                         \
+    SECTION(service, 1612)                        \
+    SECTION(console, 1632)                        \
+    SECTION(users, 1724)                          \
+    RESERVED(3244)                                \
+    SECTION(ports, 4776)                          \
+    RESERVED(6904)                                \
+    SECTION(vlanMode, 7856)                       \
+    RESERVED(7857)                                \
+    SECTION(vlanPorts, 7862)                      \
+    RESERVED(8198)                                \
+    SECTION(portVlans, 8216)                      \
+    RESERVED(8832)                                \
+    SECTION(tagVlans, 8860)                       \
+    RESERVED(121018)                              \
+    SECTION(lacp, 121028)                         \
+    RESERVED(121116)                              \
+    SECTION(trunks, 121120)                       \
+    SECTION(distribution, 121512)                 \
+    RESERVED(121536)                              \
+    SECTION(macTable, 121556)                     \
+    SECTION(macLearning, 124628)                  \
+    SECTION(macLimit, 124744)                     \
+    SECTION(mirror, 125092)                       \
+    RESERVED(125108)                              \
+    SECTION(loopDetection, 125404)                \
+    SECTION(rateLimits, 125424)                   \
+    RESERVED(125660)                              \
+    SECTION(storm, 126116)                        \
+    SECTION(dhcpSnooping, 126280)                 \
+    SECTION(switchConfig, 126372)                 \
+    SECTION(communities, 126432)                  \
+    RESERVED(127472)                              \
+    SECTION(trapDestinations, 127724)             \
+    SECTION(traps, 128244)                        \
+    SECTION(priority, 128284)                     \
+    SECTION(remarking, 129356)                    \
+    SECTION(qinq, 129424)                         \
+    RESERVED(129464)                              \
+    SECTION(igmp, 129624)                         \
+    SECTION(igmpVlans, 129656)                    \
+    SECTION(log, 146552)                          \
+    SECTION(radius, 146624)                       \
+    SECTION(stp, 146760)                          \
+    SECTION(stpPorts, 146808)                     \
+    RESERVED(147368)                              \
+    SECTION(dhcpSnoopingPorts, 147404)            \
+    SECTION(sourceGuard, 147488)                  \
+    RESERVED(147516)                              \
+    SECTION(sourceGuardTable, 147520)             \
+    SECTION(circuitIds, 149440)                   \
+    RESERVED(151306)                              \
+    SECTION(ipSource, 151360)                     \
+    RESERVED(151361)                              \
+    SECTION(sourceBindings, 151362)               \
+    RESERVED(151590)                              \
+    SECTION(multicastTable, 151592)               \
+    SECTION(multicastSegments, 156712)            \
+    SECTION(multicastProfiles, 174312)            \
+    SECTION(portFilters, 177432)                  \
+    RESERVED(180288)                              \
+    SECTION(lldp, 180296)                         \
+    SECTION(dot1x, 180314)                        \
+    SECTION(poe, 180414)                          \
+    SECTION(acl, 180428)                          \
+    SECTION(isolation, 202700)                    \
+    SECTION(statisticsPolling, 202712)            \
+    SECTION(tacacs, 202720)                       \
+    RESERVED(202856)                              \
+    SECTION(timeRanges, 202992)                   \
+    SECTION(poePorts, 205032)                     \
+    RESERVED(206952)                              \
+    SECTION(pppoe, 206956)                        \
+    SECTION(logTerminalHistory, 206964)           \
+    RESERVED(206968)                              \
+    SECTION(cpuLoadingThreshold, 207004)          \
+    RESERVED(207006)                              \
+    SECTION(backup, 207008)                       \
+    RESERVED(207141)
+// clang-format on
+
+/// A member of the image: its name, the empty name for reserved bytes, and its bytes.
+struct Section {
+    std::string_view name;
+    std::size_t offset;
+    std::size_t size;
+
+    constexpr bool isReserved() const { return name.empty(); }
+    constexpr std::size_t end() const { return offset + size; }
+};
+
+/// The members of the image, in its order.
+inline constexpr Section imageMembers[] = {
+#define SECTION(member, at) {#member, at, sizeof(ConfigImage::member)},
+#define RESERVED(at) {"", at, sizeof(ConfigImage::reserved##at)},
+    CONFIG_IMAGE_MEMBERS(SECTION, RESERVED)
+#undef SECTION
+#undef RESERVED
+};
+
+#define SECTION(member, at) static_assert(offsetof(ConfigImage, member) == (at));
+#define RESERVED(at)                                                                                                   \
+    static_assert(offsetof(ConfigImage, reserved##at) == (at));                                                        \
+    static_assert(std::is_same_v<decltype(ConfigImage::reserved##at), Reserved<sizeof(ConfigImage::reserved##at)>>);
+CONFIG_IMAGE_MEMBERS(SECTION, RESERVED)
+#undef SECTION
+#undef RESERVED
+
+/// The members fill the image from its first byte to its last, without gap or overlap.
+consteval bool membersFillTheImage() {
+    std::size_t end = 0;
+    for (const Section &member : imageMembers) {
+        if (member.offset != end || member.size == 0) return false;
+        end = member.end();
+    }
+    return end == sizeof(ConfigImage);
+}
+static_assert(membersFillTheImage());
+
+/// The sections of the image, in its order.
+inline constexpr auto imageSections = [] {
+    constexpr std::size_t count = std::ranges::count_if(imageMembers, [](const Section &m) { return !m.isReserved(); });
+    std::array<Section, count> sections;
+    std::ranges::copy_if(imageMembers, sections.begin(), [](const Section &m) { return !m.isReserved(); });
+    return sections;
+}();
+
+/// The section that a member pointer names.
+template <auto Member> inline constexpr Section sectionOf = {};
+#define SECTION(member, at)                                                                                            \
+    template <> inline constexpr Section sectionOf<&ConfigImage::member> = {#member, at, sizeof(ConfigImage::member)};
+#define RESERVED(at)
+CONFIG_IMAGE_MEMBERS(SECTION, RESERVED)
+#undef SECTION
+#undef RESERVED
+
 static_assert(offsetof(ConfigImage, console.webTimeout) == 1680, "68 bytes into the services, which end before it");
-static_assert(offsetof(ConfigImage, users) == 1724 && offsetof(ConfigImage, ports) == 4776);
-static_assert(offsetof(ConfigImage, vlanMode) == 7856 && offsetof(ConfigImage, vlanPorts) == 7862);
-static_assert(offsetof(ConfigImage, portVlans) == 8216 && offsetof(ConfigImage, tagVlans) == 8860);
-static_assert(offsetof(ConfigImage, lacp) == 121028 && offsetof(ConfigImage, trunks) == 121120);
-static_assert(offsetof(ConfigImage, distribution) == 121512 && offsetof(ConfigImage, macTable) == 121556);
-static_assert(offsetof(ConfigImage, macLearning) == 124628 && offsetof(ConfigImage, macLimit) == 124744);
-static_assert(offsetof(ConfigImage, mirror) == 125092 && offsetof(ConfigImage, loopDetection) == 125404);
-static_assert(offsetof(ConfigImage, rateLimits) == 125424 && offsetof(ConfigImage, storm) == 126116);
-static_assert(offsetof(ConfigImage, dhcpSnooping) == 126280 && offsetof(ConfigImage, switchConfig) == 126372);
-static_assert(offsetof(ConfigImage, communities) == 126432 && offsetof(ConfigImage, trapDestinations) == 127724);
-static_assert(offsetof(ConfigImage, traps) == 128244 && offsetof(ConfigImage, priority) == 128284);
-static_assert(offsetof(ConfigImage, remarking) == 129356 && offsetof(ConfigImage, qinq) == 129424);
-static_assert(offsetof(ConfigImage, igmp) == 129624 && offsetof(ConfigImage, igmpVlans) == 129656);
-static_assert(offsetof(ConfigImage, log) == 146552 && offsetof(ConfigImage, radius) == 146624);
-static_assert(offsetof(ConfigImage, stp) == 146760 && offsetof(ConfigImage, stpPorts) == 146808);
-static_assert(offsetof(ConfigImage, dhcpSnoopingPorts) == 147404 && offsetof(ConfigImage, sourceGuard) == 147488);
-static_assert(offsetof(ConfigImage, sourceGuardTable) == 147520 && offsetof(ConfigImage, circuitIds) == 149440);
-static_assert(offsetof(ConfigImage, ipSource) == 151360 && offsetof(ConfigImage, sourceBindings) == 151362);
-static_assert(offsetof(ConfigImage, multicastTable) == 151592 && offsetof(ConfigImage, multicastSegments) == 156712);
-static_assert(offsetof(ConfigImage, multicastProfiles) == 174312 && offsetof(ConfigImage, portFilters) == 177432);
-static_assert(offsetof(ConfigImage, lldp) == 180296 && offsetof(ConfigImage, dot1x) == 180314);
-static_assert(offsetof(ConfigImage, poe) == 180414 && offsetof(ConfigImage, acl) == 180428);
-static_assert(offsetof(ConfigImage, isolation) == 202700 && offsetof(ConfigImage, statisticsPolling) == 202712);
-static_assert(offsetof(ConfigImage, tacacs) == 202720 && offsetof(ConfigImage, timeRanges) == 202992);
-static_assert(offsetof(ConfigImage, poePorts) == 205032 && offsetof(ConfigImage, pppoe) == 206956);
-static_assert(offsetof(ConfigImage, logTerminalHistory) == 206964);
-static_assert(offsetof(ConfigImage, cpuLoadingThreshold) == 207004 && offsetof(ConfigImage, backup) == 207008);
 
 /// The bytes of an image from `offset` on: the one way from the record to bytes.
 inline const unsigned char *bytesOf(const ConfigImage &image, std::size_t offset) {

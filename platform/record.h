@@ -79,6 +79,9 @@ template <std::size_t Width> struct Text {
     }
 };
 
+/// A text that not everybody may read: a password, a community name, a shared secret.
+template <std::size_t Width> struct Secret : Text<Width> { using Text<Width>::operator=; };
+
 /// Whether two texts are the same up to the first NUL, or over `width` characters if there is none.
 template <std::size_t A, std::size_t B>
 // NOLINTNEXTLINE(bugprone-branch-clone): both branches are the same where the widths are
@@ -147,7 +150,8 @@ template <class T, std::size_t Size>
 inline constexpr bool record = sizeof(T) == Size &&
                                alignof(T) == 1 && std::is_standard_layout_v<T> &&std::is_trivial_v<T>;
 
-static_assert(record<be16, 2> && record<be32, 4> && record<be_i32, 4> && record<Text<36>, 36>);
+static_assert(record<be16, 2> && record<be32, 4> && record<be_i32, 4> && record<Text<36>, 36> &&
+              record<Secret<24>, 24>);
 static_assert(record<Mac, 6> && record<Ipv4, 4> && record<Ipv6, 16> && record<PortBitmap, 4> && record<Reserved<3>, 3>);
 static_assert(be16{{0x12, 0x34}}.value() == 0x1234 && be32{{0x12, 0x34, 0x56, 0x78}}.value() == 0x12345678);
 static_assert(be_i32{{{0xff, 0xff, 0xff, 0xfe}}}.value() == -2);

@@ -1,6 +1,6 @@
 #include "sections/interface.h"
 
-#include "app/text.h"
+#include "app/text/text.h"
 #include "format/blocks.h"
 #include "platform/board.h"
 

@@ -1,6 +1,6 @@
 #include "sections/ip.h"
 
-#include "app/text.h"
+#include "app/text/text.h"
 #include "format/address.h"
 #include "format/blocks.h"
 

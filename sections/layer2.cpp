@@ -1,6 +1,6 @@
 #include "sections/layer2.h"
 
-#include "app/text.h"
+#include "app/text/text.h"
 #include "format/address.h"
 #include "format/blocks.h"
 #include "format/port_list.h"
@@ -18,7 +18,7 @@ template <std::size_t Bytes> bool samePorts(const Bitmap<Bytes> &a, const Bitmap
 
 /// Appends a block for the ports from 1 to 28 in `members`, with `line` for `value`; nothing if there is none.
 template <std::size_t Bytes, class Value>
-void appendMembers(const Bitmap<Bytes> &members, typename AsIs<Format<Value>>::type line, const Value &value) {
+void appendMembers(const Bitmap<Bytes> &members, std::type_identity_t<Format<Value>> line, const Value &value) {
     const PortWords ports = wordsOf(members);
     if (!CHECK_HAS_MEMBER_INT(ports.data(), 1)) return;
     appendInterface(ports, 1);
@@ -377,7 +377,7 @@ void appendStpSwitches(const PortWords &enabled) {
 }
 
 /// A block for each number that is not negative, in the order of its lowest port, with `line` for the number.
-void appendNumberBlocks(const PortWords &numbers, AsIs<Format<std::uint32_t>>::type line) {
+void appendNumberBlocks(const PortWords &numbers, std::type_identity_t<Format<std::uint32_t>> line) {
     constexpr std::uint32_t written = UINT32_MAX; // -1
     forEachGroup<std::uint32_t>(numbers, written, [line](std::uint32_t number, const PortWords &members) {
         if (static_cast<std::int32_t>(number) < 0) return;

@@ -1,6 +1,6 @@
 #include "sections/qos.h"
 
-#include "app/text.h"
+#include "app/text/text.h"
 #include "format/blocks.h"
 
 // -------------------------------------------------------------------------------------------- priorities and queues

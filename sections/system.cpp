@@ -1,6 +1,6 @@
 #include "sections/system.h"
 
-#include "app/text.h"
+#include "app/text/text.h"
 #include "format/address.h"
 #include "format/blocks.h"
 
@@ -227,7 +227,7 @@ namespace {
 
 /// Appends `line` with a text that differs from its default, or `none` if it is empty.
 template <std::size_t Width> void appendIfChanged(const Text<Width> &current, const Text<Width> &byDefault,
-                                                  typename AsIs<Format<Text<Width>>>::type line, Line none) {
+                                                  std::type_identity_t<Format<Text<Width>>> line, Line none) {
     if (sameText(current, byDefault)) return;
     if (current.empty()) append(none);
     else append<Text<Width>>(line, current);

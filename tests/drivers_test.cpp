@@ -2,6 +2,7 @@
 #include "rows.h"
 
 #include "app/drivers.h"
+#include "app/header.h"
 #include "app/order.h"
 #include "platform/host/factory.h"
 
@@ -333,7 +334,7 @@ TEST(Order, EmittersThatDoNotTrace) {
     for (const auto &row : silent) {
         const order::Step &step = order::steps[row.step - 1];
         EXPECT_EQ(row.emitter, step.emitter);
-        EXPECT_EQ(row.delta, step.delta != nullptr);
+        EXPECT_EQ(row.delta, static_cast<bool>(step.delta));
         EXPECT_TRUE(names.insert(row.emitter).second);
         gCfgDebug = 1;
         EXPECT_EQ("", printedBy(step.full));
@@ -367,7 +368,7 @@ TEST(Order, EmittersThatDeltaModeLeavesOutHaveTwins) {
     resetAll();
     std::set<std::string> leftOut;
     for (const order::Step &step : order::steps)
-        if (step.delta == nullptr) leftOut.emplace(step.emitter);
+        if (!step.delta) leftOut.emplace(step.emitter);
     gCfgDebug = 1;
     for (const auto &row : rows) {
         EXPECT_EQ(1U, leftOut.erase(row.emitter)) << row.emitter;
@@ -386,7 +387,7 @@ TEST(Order, StepsBearTheNamesThatTheirEmittersTrace) {
         const std::string name = "[" + std::string(step.emitter) + "]\n";
         const std::string printed = printedBy(step.full);
         EXPECT_TRUE(printed == name || printed.empty()) << printed;
-        if (step.delta == nullptr) continue;
+        if (!step.delta) continue;
         EXPECT_EQ(name, printedBy(step.delta));
     }
     gCfgDebug = 0;
@@ -570,7 +571,7 @@ struct Influence {
     bool ofDefault = false;
 };
 
-std::string textOf(void (*step)(), const ConfigImage &current, const ConfigImage &defaults) {
+std::string textOf(const order::Call &step, const ConfigImage &current, const ConfigImage &defaults) {
     std::memcpy(static_cast<void *>(gSysConfig), &current, sizeof current);
     std::memcpy(static_cast<void *>(gDefConfig), &defaults, sizeof defaults);
     clearText();
@@ -579,7 +580,7 @@ std::string textOf(void (*step)(), const ConfigImage &current, const ConfigImage
 }
 
 /// Tries random images, always changing the section in one of them, until both were seen to count.
-Influence influenceOn(void (*step)(), const Sections &row) {
+Influence influenceOn(const order::Call &step, const Sections &row) {
     static ConfigImage current;
     static ConfigImage defaults;
     static ConfigImage changed;
@@ -645,7 +646,7 @@ TEST(Order, OtherEmittersWriteNothing) {
     for (const order::Step &step : order::steps) {
         if (reading.count(std::string(step.emitter)) != 0) continue;
         step.full();
-        if (step.delta != nullptr) step.delta();
+        if (step.delta) step.delta();
         EXPECT_STREQ("", Temp_Configuration) << step.emitter;
     }
 }
@@ -669,7 +670,7 @@ TEST(Order, DeltaModeWritesNothingForEqualImages) {
         if (seed > 1) scramble(*gSysConfig, 0, sizeof(ConfigImage), random);
         std::memcpy(static_cast<void *>(gDefConfig), gSysConfig, sizeof(ConfigImage));
         for (const order::Step &step : order::steps) {
-            if (step.delta == nullptr || unconditional.count(std::string(step.emitter)) != 0) continue;
+            if (!step.delta || unconditional.count(std::string(step.emitter)) != 0) continue;
             step.delta();
             EXPECT_STREQ("", Temp_Configuration) << step.emitter << ", seed " << seed;
             clearText();

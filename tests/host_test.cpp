@@ -4,7 +4,6 @@
 #include "platform/host/store_export.h"
 #include "platform/mapi.h"
 #include "platform/util.h"
-#include "tests/image_sections.h"
 
 #include <gtest/gtest.h>
 
@@ -840,7 +839,7 @@ std::vector<std::string> differing(std::int32_t a, std::int32_t b) {
     const auto second = composed(b);
     std::vector<std::string> names;
     for (const Section &section : imageSections)
-        if (differ(*first, *second, section)) names.push_back(section.name);
+        if (differ(*first, *second, section)) names.emplace_back(section.name);
     return names;
 }
 

@@ -25,7 +25,7 @@ void callStep(Mode mode, const char *emitter) {
     for (const order::Step &step : order::steps) {
         if (step.emitter != emitter) continue;
         const auto call = mode == Mode::full ? step.full : step.delta;
-        if (call == nullptr) throw std::invalid_argument(std::string("no such step in this mode: ") + emitter);
+        if (!call) throw std::invalid_argument(std::string("no such step in this mode: ") + emitter);
         call();
         return;
     }

@@ -4,7 +4,7 @@
 /// store is composed on the typed record, on zero images and a zero board.
 #pragma once
 
-#include "app/text.h"
+#include "app/text/text.h"
 #include "fake_platform.h"
 #include "platform/board.h"
 #include "platform/image.h"

@@ -1823,7 +1823,7 @@ TEST(Security, StandsInTheOrderOfTheText) {
     std::size_t next = 0;
     for (const order::Step &step : order::steps)
         if (next < std::size(emitters) && step.emitter == emitters[next]) {
-            EXPECT_EQ(hasTwin(emitters[next]), step.delta != nullptr) << emitters[next];
+            EXPECT_EQ(hasTwin(emitters[next]), static_cast<bool>(step.delta)) << emitters[next];
             ++next;
         }
     EXPECT_EQ(std::size(emitters), next);

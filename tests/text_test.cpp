@@ -1,7 +1,9 @@
 /// The text buffer: appending, formatting, overflow, the header and the trace.
 #include "rows.h"
 
-#include "app/text.h"
+#include "app/header.h"
+#include "app/text/line_writer.h"
+#include "app/text/text.h"
 
 #include <algorithm>
 #include <chrono>

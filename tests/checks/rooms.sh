@@ -26,8 +26,9 @@ may() {
 platform=(platform/{board,image,mapi,record,util}.h)
 may platform/ "${platform[@]}"
 may platform/host/ "${platform[@]}" 'platform/host/*'
-may format/ "${platform[@]}" 'format/*' app/text.h
-may sections/ "${platform[@]}" 'sections/*' 'format/*' app/text.h
+may app/text/ "${platform[@]}" 'app/text/*'
+may format/ "${platform[@]}" 'format/*' 'app/text/*'
+may sections/ "${platform[@]}" 'sections/*' 'format/*' 'app/text/*'
 may app/ "${platform[@]}" 'sections/*' 'format/*' 'app/*'
 
 # Only the stand-in knows of stores.

@@ -5,7 +5,7 @@
 #include "platform.h"
 
 #include "app/run.h"
-#include "app/text.h"
+#include "app/text/text.h"
 
 #include <cstring>
 #include <fcntl.h>

@@ -6,8 +6,9 @@
 #include "render_input.h"
 
 #include "app/drivers.h"
+#include "app/header.h"
 #include "app/order.h"
-#include "app/text.h"
+#include "app/text/text.h"
 #include "platform/host/factory.h"
 
 #include <cstring>
@@ -212,7 +213,7 @@ void renderInSteps(bool delta) {
     for (std::size_t i = 0; i < stepCount; ++i) {
         const order::Step &step = order::steps[i];
         const auto call = delta ? step.delta : step.full;
-        if (call == nullptr) continue;
+        if (!call) continue;
         call();
         DEMAND(LineBuffer[0] == '\0');
         const std::size_t added = strnlen(Temp_Configuration + length, textBufferSize - length);
@@ -300,8 +301,7 @@ bool everythingReached() {
     for (const bool delta : {false, true})
         for (std::size_t i = 0; i < stepCount; ++i) {
             const order::Step &step = order::steps[i];
-            if ((delta ? step.delta : step.full) == nullptr || !mayWrite(step, delta) || reached.wrote[delta][i])
-                continue;
+            if (!(delta ? step.delta : step.full) || !mayWrite(step, delta) || reached.wrote[delta][i]) continue;
             std::printf("wrote nothing in %s mode: %s\n", delta ? "delta" : "full", step.emitter.data());
             everything = false;
         }

@@ -5,7 +5,7 @@
 /// wrap around, so that every input means something.
 #pragma once
 
-#include "tests/image_sections.h"
+#include "platform/image.h"
 
 #include <algorithm>
 #include <array>

@@ -117,7 +117,7 @@ void writeRenderings() {
 
     // Every byte of a section, and of everything.
     for (std::size_t section = 0; section < std::size(fuzz::sections); ++section) {
-        const std::string name = fuzz::sections[section].name;
+        const std::string name(fuzz::sections[section].name);
         Rendering(fuzz::fullPage, fuzz::zeroBase).noise(fuzz::currentRecord, section, 1).save("noise_full_" + name);
         Rendering(fuzz::deltaPage, fuzz::factoryBase).noise(fuzz::bothRecords, section, 2).save("noise_delta_" + name);
     }

@@ -1,20 +1,13 @@
-#include "app/text.h"
+#include "app/text/text.h"
 
-#include "platform/board.h"
-#include "platform/mapi.h"
+#include "app/text/line_writer.h"
 
-#include <cstdio>
 #include <cstring>
 
 char Temp_Configuration[textBufferSize];
 char LineBuffer[lineBufferSize];
-std::int32_t gCfgDebug;
 
 namespace {
-
-/// The two numbers of the text format. They are constants, not read from anywhere.
-constexpr int formatNumber1 = 5036;
-constexpr int formatNumber2 = 6000;
 
 /// Bytes that are looked at, and cleared, at a time: a page.
 constexpr std::size_t clearedAtOnce = 4096;
@@ -23,6 +16,13 @@ static_assert(textBufferSize % clearedAtOnce == 0);
 /// Where the text ends, as far as this file wrote it.
 constinit char *textEnd = Temp_Configuration;
 bool overflowed;
+
+/// Defined for a measurement: each append looks for the end of the text.
+#ifdef TEXTCFG_RESCAN
+constexpr bool rescans = true;
+#else
+constexpr bool rescans = false;
+#endif
 
 /// Whether the text still ends where this file left it: not cleared, continued, or shortened by its last character, by
 /// someone else. That a longer text was cut short further in is not noticed; all of it would have to be looked at.
@@ -34,7 +34,7 @@ bool endIsKnown() {
 /// Puts the bytes behind the text, if they fit.
 void join(const char *bytes, std::size_t length) {
     if (overflowed) return;
-    if (!endIsKnown()) textEnd = Temp_Configuration + strnlen(Temp_Configuration, textBufferSize);
+    if (rescans || !endIsKnown()) textEnd = Temp_Configuration + strnlen(Temp_Configuration, textBufferSize);
     // One byte is kept for the NUL; a text that came to lack it has no room at all.
     const std::ptrdiff_t room = Temp_Configuration + textBufferSize - 1 - textEnd;
     if (static_cast<std::ptrdiff_t>(length) > room) {
@@ -106,6 +106,8 @@ void appendFormatted(const char *literal, const Stretch *stretches, const Argume
         case Conversion::upperHex: putHex(arguments->number, "0123456789ABCDEF", 1); break;
         case Conversion::upperHexTwoDigits: putHex(arguments->number, "0123456789ABCDEF", 2); break;
         case Conversion::lowerHexTwoDigits: putHex(arguments->number, "0123456789abcdef", 2); break;
+        case Conversion::runs: line.putRuns(arguments->number); break;
+        case Conversion::each: line.putEach(arguments->number); break;
         case Conversion::text: line.put(arguments->text, strnlen(arguments->text, arguments->number)); break;
         }
         literal += stretches->characters + conversionLength[static_cast<u8>(stretches->conversion)];
@@ -115,36 +117,4 @@ void appendFormatted(const char *literal, const Stretch *stretches, const Argume
 int APPEND_NL() {
     append("\n");
     return 0;
-}
-
-int trace(const char *emitter) {
-    if (gCfgDebug != 0) {
-        std::putchar('[');
-        std::printf("%s", emitter);
-        std::puts("]");
-    }
-    return 0;
-}
-
-void initTempConfig() {
-    const std::int32_t handle = mapi_start_transc();
-    if (handle == MAPI_NO_TRANSACTION) return;
-    const std::int32_t bank = mapi_sys_dualimage_state_get(handle);
-    mapi_end_transc(handle);
-
-    Text<10> version = {};
-    if (bank == 1) version = g_EEPROM.versionOfBank1;
-    if (bank == 2) version = g_EEPROM.versionOfBank2;
-
-    clearText();
-    append("# VERSION %d %d %s MAC %02x:%02x:%02x:%02x:%02x:%02x\n", formatNumber1, formatNumber2, version,
-           g_EEPROM.macAddress);
-    append("configure\n");
-}
-
-void initDefConfig() { initTempConfig(); }
-
-void initHtmlConfig() {
-    clearText();
-    append("configure\n");
 }

@@ -1,62 +1,23 @@
-/// The text buffer: where every line of the text configuration goes, and the header that it begins with.
-///
-/// Emitters write whole lines with `append` and ask nothing. A line is formatted into `LineBuffer`, joins
-/// `Temp_Configuration`, and the first byte of `LineBuffer` is 0 again. Neither buffer can be overrun: the first line
-/// that does not fit is remembered, nothing is appended from then on, and the run, which asks `textOverflowed` once at
-/// its end, writes no file.
+/// How a line's literal and its arguments are held together: the compiler takes the literal apart and checks it against
+/// the types of the arguments. Emitters use `append` and see none of this.
 #pragma once
 
-#include "platform/image.h"
+#include "platform/record.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <initializer_list>
 
-inline constexpr std::size_t textBufferSize = 262144;
-inline constexpr std::size_t lineBufferSize = 16384;
-
-/// The text configuration, NUL-terminated. Whoever clears it from outside is noticed by the next append.
-extern char Temp_Configuration[textBufferSize];
-
-/// The line being formatted; its first byte is 0 between lines.
-extern char LineBuffer[lineBufferSize];
-
-/// Non-zero makes the emitters print their names on standard output, but for a few in full mode. Nothing in the program
-/// sets it.
-extern std::int32_t gCfgDebug;
-
-/// Whether a line did not fit since the text was last cleared.
-bool textOverflowed();
-
-/// Clears the text, all of its bytes, and forgets that a line did not fit.
-void clearText();
-
-/// Prints "[", the name of the calling emitter and "]" on a line of standard output when `gCfgDebug` is set. Returns 0,
-/// as emitters do.
-int trace(const char *emitter = __builtin_FUNCTION());
-
-/// Appends an empty line. Returns 0.
-int APPEND_NL();
-
-/// Header of the running and startup configuration: clears the text, then writes the version line and "configure".
-/// Learns the image bank in its own transaction; if that cannot be opened, the text is left as it is, without header.
-void initTempConfig();
-/// Header of the default and customer default configuration: the same.
-void initDefConfig();
-/// Header of a page: clears the text and writes "configure" alone.
-void initHtmlConfig();
-
-// ----------------------------------------------------------------------------------------------- formatted appends
-
-/// One value on its way into a line: a number, or a text with the most characters that it may have.
+/// One value on its way into a line: a number, a text with the most characters that it may have, or a set of the
+/// numbers from 1 to 32, a bit each, least significant first.
 struct Argument {
     const char *text;
     std::uint32_t number;
 };
 
-/// How a type is handed to a format: `kinds` names what it gives ('n' a number, 's' a text; a MAC address gives six
-/// numbers, an IPv4 address four), `put` stores it. Numbers of 32 bits keep their bits, so %d and %ld print them signed
+/// How a type is handed to a format: `kinds` names what it gives ('n' a number, 's' a text, 'r' a set that is listed in
+/// runs, 'e' a set of which each number is listed; a MAC address gives six numbers, an IPv4 address four), `put` stores
+/// it. Numbers of 32 bits keep their bits, so %d and %ld print them signed
 /// and %u and %X unsigned on every host.
 template <class T> struct Formatted;
 
@@ -106,6 +67,7 @@ struct FormattedText {
 template <std::size_t Width> struct Formatted<Text<Width>> : FormattedText {
     static constexpr void put(Argument *&to, const Text<Width> &text) { *to++ = {text.characters, Width}; }
 };
+template <std::size_t Width> struct Formatted<Secret<Width>> : Formatted<Text<Width>> {};
 /// A text buffer of the program.
 template <std::size_t Size> struct Formatted<char[Size]> : FormattedText {
     static constexpr void put(Argument *&to, const char (&text)[Size]) { *to++ = {text, Size}; }
@@ -132,11 +94,13 @@ enum class Conversion : u8 {
     upperHex,          ///< %X
     upperHexTwoDigits, ///< %02X
     lowerHexTwoDigits, ///< %02x
-    text,              ///< %s
+    text,              ///< %s of a text
+    runs,              ///< %s of a set: 1-3,5,7-28
+    each,              ///< %s of a set: 1,2,3,5
 };
 
 /// How many characters of a literal each conversion is.
-inline constexpr u8 conversionLength[] = {0, 2, 3, 4, 2, 2, 4, 4, 2};
+inline constexpr u8 conversionLength[] = {0, 2, 3, 4, 2, 2, 4, 4, 2, 2, 2};
 
 /// A stretch of a literal: so many characters as they stand, then a conversion.
 struct Stretch {
@@ -159,8 +123,7 @@ public:
             std::size_t at = from;
             while (at + 1 < Size && literal[at] != '%') ++at;
             if (at - from > UINT8_MAX || (at + 1 < Size) != (i < count)) formatDoesNotFitItsArguments();
-            const Conversion conversion = i < count ? read(literal + at) : Conversion::end;
-            if (i < count && (conversion == Conversion::text) != (kinds[i] == 's')) formatDoesNotFitItsArguments();
+            const Conversion conversion = i < count ? read(literal + at, kinds[i]) : Conversion::end;
             stretches_[i] = {static_cast<u8>(at - from), conversion};
             from = at + conversionLength[static_cast<u8>(conversion)];
         }
@@ -170,13 +133,14 @@ public:
     constexpr const Stretch *stretches() const { return stretches_; }
 
 private:
-    /// The conversion that begins with the "%" at `specifier`.
-    static constexpr Conversion read(const char *specifier) {
+    /// The conversion that begins with the "%" at `specifier`, for an argument of `kind`.
+    static constexpr Conversion read(const char *specifier, char kind) {
+        if ((kind == 'n') == (specifier[1] == 's')) formatDoesNotFitItsArguments();
         switch (specifier[1]) {
         case 'd': return Conversion::decimal;
         case 'u': return Conversion::unsignedDecimal;
         case 'X': return Conversion::upperHex;
-        case 's': return Conversion::text;
+        case 's': return kind == 's' ? Conversion::text : kind == 'r' ? Conversion::runs : Conversion::each;
         case 'l':
             if (specifier[2] == 'd') return Conversion::longDecimal;
             break;
@@ -208,78 +172,4 @@ public:
 private:
     const char *literal_;
     std::size_t length_;
-};
-
-void appendBytes(const char *bytes, std::size_t length);
-void appendFormatted(const char *literal, const Stretch *stretches, const Argument *arguments);
-
-/// Appends `line` as it stands.
-inline void append(Line line) { appendBytes(line.literal(), line.length()); }
-
-template <class Type> struct AsIs { using type = Type; };
-
-/// Appends `format` with its conversions replaced by `values`, which may be fields of a record as they are.
-template <class First, class... Rest>
-inline void append(typename AsIs<Format<First, Rest...>>::type format, const First &first, const Rest &...rest) {
-    Argument arguments[conversions<First, Rest...>];
-    Argument *next = arguments;
-    Formatted<First>::put(next, first);
-    (Formatted<Rest>::put(next, rest), ...);
-    appendFormatted(format.literal(), format.stretches(), arguments);
-}
-
-/// Writes `number` in decimal up to the end of `digits` and returns where it begins.
-const char *decimal(std::uint32_t number, char (&digits)[10]);
-
-/// Appends the line that stands in `LineBuffer` up to `end`, or remembers that it did not fit. Empties `LineBuffer`.
-void finishLine(const char *end, bool fits);
-
-/// A line under construction in `LineBuffer`, for what is built piece by piece, such as a list of ports. Inline, so
-/// that its state lives in registers.
-class LineWriter {
-public:
-    void put(char character) {
-        if (end_ == lineEnd()) fits_ = false;
-        else *end_++ = character;
-    }
-
-    void put(const char *text, std::size_t length) {
-        if (length > static_cast<std::size_t>(lineEnd() - end_)) {
-            fits_ = false;
-            return;
-        }
-        std::memcpy(end_, text, length);
-        end_ += length;
-    }
-
-    void putDecimal(std::uint32_t number) {
-        char digits[10];
-        const char *const first = decimal(number, digits);
-        put(first, static_cast<std::size_t>(digits + sizeof digits - first));
-    }
-
-    /// An entry of a list: `separator`, unless it is NUL, and `number`.
-    void putEntry(char separator, std::uint32_t number) {
-        if (number < 100 && lineEnd() - end_ >= 3) { // most are ports
-            const std::uint32_t tens = number / 10;
-            *end_ = separator;
-            end_ += separator != '\0';
-            *end_ = static_cast<char>('0' + tens);
-            end_ += tens != 0;
-            *end_++ = static_cast<char>('0' + number - tens * 10);
-            return;
-        }
-        if (separator != '\0') put(separator);
-        putDecimal(number);
-    }
-
-    /// Appends the line to the text and empties `LineBuffer`.
-    void finish() const { finishLine(end_, fits_); }
-
-private:
-    /// The last byte of `LineBuffer` is kept for the NUL.
-    static char *lineEnd() { return LineBuffer + lineBufferSize - 1; }
-
-    char *end_ = LineBuffer;
-    bool fits_ = true;
 };
