@@ -41,8 +41,8 @@ AddressText mappedOrIpv6(const Ipv6 &address) {
     return dotted ? textOf(address.lastFour()) : textOf(address);
 }
 
-AddressText hexOf(const u8 (&bytes)[2]) {
-    AddressText text;
+HexText hexOf(const u8 (&bytes)[2]) {
+    HexText text;
     utilAry2Str(bytes, 2, text.text);
     return text;
 }

@@ -7,8 +7,8 @@
 
 #include <cstring>
 
-/// Text of an address, or of some bytes in hexadecimal. What the platform writes into it is NUL-terminated; the bytes
-/// behind the NUL are left as they were.
+/// Text of an address. What the platform writes into it is NUL-terminated; the bytes after the NUL are left as they
+/// were.
 struct AddressText {
     char text[UTIL_ADDRESS_SIZE] = {};
 
@@ -49,9 +49,15 @@ void appendServer(const AddressText &server, Format<AddressText> line, Line none
 AddressText mappedOrIpv6(const Ipv6 &address);
 
 /// Hexadecimal digits of two bytes.
-AddressText hexOf(const u8 (&bytes)[2]);
+struct HexText {
+    char text[5] = {};
+};
+template <> struct Formatted<HexText> : FormattedText {
+    static constexpr void put(Argument *&to, const HexText &digits) { *to++ = {digits.text, sizeof digits.text}; }
+};
+HexText hexOf(const u8 (&bytes)[2]);
 
-/// Text of a set of ports.
+/// A set of ports as the platform lists it.
 struct PortSetText {
     char text[UTIL_PORT_LIST_SIZE] = {};
 

@@ -1,36 +1,36 @@
 #include "format/blocks.h"
 
-void appendValueBlocks(const std::uint32_t *words, std::size_t ports, std::initializer_list<ValueLine> lines) {
-    const std::int32_t count = static_cast<std::int32_t>(ports);
+bool appendValueLine(std::uint32_t value, std::initializer_list<ValueLine> lines) {
     for (const ValueLine &row : lines) {
-        if (CHECK_HAS_MEMBER_INT_NUM(words, row.value, count) == 0) continue;
-        appendPortLine("interface ", words, row.value, count, " \n");
+        if (row.value != value) continue;
+        append(row.line);
+        return true;
+    }
+    return false;
+}
+
+void appendOnOff(bool isSet, Line on, Line off) { append(isSet ? on : off); }
+
+void appendValueBlocks(Format<PortSet> head, const std::uint32_t *values, std::size_t ports,
+                       std::initializer_list<ValueLine> lines) {
+    for (const ValueLine &row : lines) {
+        PortSet members;
+        for (std::size_t i = 0; i < ports; ++i) members.bits |= std::uint32_t{values[i] == row.value} << i;
+        if (members.empty()) continue;
+        append(head, members);
         append(row.line);
         append("exit\n");
     }
 }
 
-void appendValueBlocks(const PortBytes &bytes, std::initializer_list<ValueLine> lines) {
-    for (const ValueLine &row : lines) {
-        if (CHECK_HAS_MEMBER(bytes.data(), row.value) == 0) continue;
-        appendInterface(bytes, row.value);
-        append(row.line);
-        append("exit\n");
+PortGroups groupsOf(const std::uint32_t *values, std::size_t ports, std::uint32_t marker) {
+    PortGroups groups;
+    for (std::size_t i = 0; i < ports; ++i) {
+        if (values[i] == marker) continue;
+        std::size_t of = 0;
+        while (of < groups.count && groups.groups[of].value != values[i]) ++of;
+        if (of == groups.count) groups.groups[groups.count++] = {values[i], {}};
+        groups.groups[of].ports.add(i);
     }
-}
-
-void appendSwitch(bool isSet, Line on, Line off) { append(isSet ? on : off); }
-
-PortWords wordsOfBitmap(const u8 *bitmap) {
-    PortWords words;
-    for (int port = 0; port < portCount; ++port)
-        words[static_cast<std::size_t>(port)] = static_cast<std::uint32_t>(utilBitmapCheck(bitmap, port));
-    return words;
-}
-
-PortBytes bytesOfBitmap(const u8 *bitmap) {
-    PortBytes bytes;
-    for (int port = 0; port < portCount; ++port)
-        bytes[static_cast<std::size_t>(port)] = static_cast<u8>(utilBitmapCheck(bitmap, port));
-    return bytes;
+    return groups;
 }

@@ -1,36 +1,37 @@
 #include "format/port_list.h"
 
 #include "app/text/line_writer.h"
+#include "platform/image.h"
 #include "platform/util.h"
 
+#include <cstring>
 #include <iterator>
 
 namespace {
 
-/// The rule by which every list is compressed. Walks `count` elements and calls `print(separator, index)` for each that
-/// is printed: the first and the last of a run. The separator is 0 for the very first one, "," before the first of a
-/// run and before the second of two neighbours, "-" before the last of three and more.
-template <class Matches, class Print> void walkRuns(std::int32_t count, Matches matches, Print print) {
+/// Walks `count` elements and calls `run(separator, first, last)` for each run of those that match. The separator is
+/// NUL before the first run.
+template <class Matches, class Run> void walkRuns(std::int32_t count, Matches matches, Run run) {
     char separator = '\0';
     for (std::int32_t i = 0; i < count; ++i) {
         if (!matches(i)) continue;
         const std::int32_t first = i;
         while (i + 1 < count && matches(i + 1)) ++i;
-        print(separator, first);
+        run(separator, first, i);
         separator = ',';
-        if (i != first) print(i == first + 1 ? ',' : '-', i);
     }
 }
 
-template <class Value> void appendList(Line head, const Value *values, Value match, std::int32_t count, Line tail) {
+template <class Value> int appendList(const Value *values, Value match, std::int32_t count, char end) {
     LineWriter line;
-    line.put(head.literal(), head.length());
     walkRuns(
         count, [=](std::int32_t i) { return values[i] == match; },
-        [&line](char separator, std::int32_t index)
-            __attribute__((always_inline)) { line.putEntry(separator, static_cast<std::uint32_t>(index) + 1); });
-    line.put(tail.literal(), tail.length());
+        [&line](char separator, std::int32_t first, std::int32_t last) {
+            line.putRun(separator, static_cast<std::uint32_t>(first) + 1, static_cast<std::uint32_t>(last) + 1);
+        });
+    line.put(end);
     line.finish();
+    return 0;
 }
 
 template <class Value> int hasMember(const Value *values, Value match, std::int32_t count) {
@@ -47,17 +48,8 @@ static_assert(std::size(_storm_rate) == 22);
 
 } // namespace
 
-void appendPortLine(Line head, const std::uint32_t *values, std::uint32_t match, std::int32_t count, Line tail) {
-    appendList(head, values, match, count, tail);
-}
-
-void appendPortLine(Line head, const u8 *values, std::uint32_t match, std::int32_t count, Line tail) {
-    appendList(head, values, static_cast<u8>(match), count, tail);
-}
-
 int APPEND_PORT_MEMBER_INT_NUM(const std::uint32_t *values, std::uint32_t match, std::int32_t count) {
-    appendPortLine("", values, match, count, " ");
-    return 0;
+    return appendList(values, match, count, ' ');
 }
 
 int APPEND_PORT_MEMBER_INT(const std::uint32_t *values, std::uint32_t match) {
@@ -65,8 +57,7 @@ int APPEND_PORT_MEMBER_INT(const std::uint32_t *values, std::uint32_t match) {
 }
 
 int APPEND_PORT_MEMBER_NUM(const u8 *values, std::uint32_t match, std::int32_t count) {
-    appendPortLine("", values, match, count, "\n");
-    return 0;
+    return appendList(values, static_cast<u8>(match), count, '\n');
 }
 
 int APPEND_PORT_MEMBER(const u8 *values, std::uint32_t match) {
@@ -83,12 +74,13 @@ int APPEND_PORT_MEMBER_NUM_U8BMP(const u8 *bitmap, std::int32_t byteCount, std::
     const std::int32_t count = bits < ports ? bits : ports;
     LineWriter line;
     std::int32_t listed = 0;
-    walkRuns(count, isSet, [&](char separator, std::int32_t index) {
+    const auto put = [&](char separator, std::int32_t index) {
         osPrintfConsole("%s: L%d idx=%d\n", "APPEND_PORT_MEMBER_NUM_U8BMP", __LINE__, index);
-        if (separator != '\0') line.put(separator);
-        line.putDecimal(static_cast<std::uint32_t>(index) + 1);
+        line.putEntry(separator, static_cast<std::uint32_t>(index) + 1);
         osPrintfConsole("%s: L%d count=%d\n", "APPEND_PORT_MEMBER_NUM_U8BMP", __LINE__, ++listed);
-    });
+    };
+    walkRuns(count, isSet,
+             [&](char separator, std::int32_t first, std::int32_t last) { listRun(separator, first, last, put); });
     line.put('\n');
     line.finish();
     return 0;
@@ -110,21 +102,21 @@ int CHECK_HAS_MEMBER_INT_NUM(const std::uint32_t *values, std::uint32_t match, s
 
 char *Array2Str(char *text, const u8 *flags, int first, int last) {
     char *end = text;
+    const auto put = [&](char separator, std::int32_t number) {
+        if (separator != '\0') *end++ = separator;
+        char digits[10];
+        const std::uint32_t magnitude =
+            number < 0 ? 0U - static_cast<std::uint32_t>(number) : static_cast<std::uint32_t>(number);
+        const char *const begin = decimal(magnitude, digits);
+        const std::size_t length = static_cast<std::size_t>(digits + sizeof digits - begin);
+        if (number < 0) *end++ = '-';
+        std::memcpy(end, begin, length);
+        end += length;
+        *end = '\0';
+    };
     walkRuns(
         last + 1, [=](std::int32_t i) { return flags[i] != 0; },
-        [&](char separator, std::int32_t index) {
-            if (separator != '\0') *end++ = separator;
-            char digits[11];
-            int count = 0;
-            const int number = first + index;
-            std::uint32_t rest =
-                number < 0 ? 0U - static_cast<std::uint32_t>(number) : static_cast<std::uint32_t>(number);
-            do digits[count++] = static_cast<char>('0' + rest % 10);
-            while ((rest /= 10) != 0);
-            if (number < 0) digits[count++] = '-';
-            while (count != 0) *end++ = digits[--count];
-            *end = '\0';
-        });
+        [&](char separator, std::int32_t from, std::int32_t to) { listRun(separator, first + from, first + to, put); });
     return text;
 }
 

@@ -1,20 +1,13 @@
-/// Port lists and membership tests.
+/// The switch's own routines for port lists and membership, under the names that its software knows.
 ///
 /// A list names the ports whose entry equals a value, compressed into runs: 1-3,5,7-28. The appenders over 32-bit words
 /// end it with a blank, and their callers end the line; those over bytes end the line themselves. Both forms are the
-/// text's. Entry 0 of an array is port 1.
+/// text's. Entry 0 of an array is port 1. The emitters of this switch use port sets instead.
 #pragma once
 
-#include "app/text/text.h"
-#include "platform/image.h"
+#include "platform/record.h"
 
-#include <array>
 #include <cstdint>
-
-/// One 32-bit word a port. A list over words ends with a blank.
-using PortWords = std::array<std::uint32_t, portCount>;
-/// One byte a port. A list over bytes ends its line.
-using PortBytes = std::array<u8, portCount>;
 
 /// Appends the list of the first `count` ports whose word equals `match`, then a blank. Returns 0.
 int APPEND_PORT_MEMBER_INT_NUM(const std::uint32_t *values, std::uint32_t match, std::int32_t count);
@@ -31,13 +24,8 @@ int APPEND_PORT_MEMBER_24(const u8 *values, std::uint32_t match);
 int APPEND_PORT_MEMBER_29(const u8 *values, std::uint32_t match);
 
 /// Appends the list of the ports set in the `byteCount` bytes of `bitmap`, then a newline: bit 0 of byte 0 is port 1,
-/// and `portCount` the last port. Tells its progress on the console. For switches of other port counts. Returns 0.
-int APPEND_PORT_MEMBER_NUM_U8BMP(const u8 *bitmap, std::int32_t byteCount, std::int32_t portCount);
-
-/// Appends `head`, the list of the first `count` ports whose word equals `match`, and `tail`, as one line.
-void appendPortLine(Line head, const std::uint32_t *values, std::uint32_t match, std::int32_t count, Line tail);
-/// The same over bytes.
-void appendPortLine(Line head, const u8 *values, std::uint32_t match, std::int32_t count, Line tail);
+/// and `ports` the last port. Reports its progress on the console. For switches of other port counts. Returns 0.
+int APPEND_PORT_MEMBER_NUM_U8BMP(const u8 *bitmap, std::int32_t byteCount, std::int32_t ports);
 
 /// Whether one of 28 bytes equals the low 8 bits of `match`: 1 or 0.
 int CHECK_HAS_MEMBER(const u8 *values, std::uint32_t match);

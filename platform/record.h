@@ -15,12 +15,22 @@
 using u8 = std::uint8_t;
 using i8 = std::int8_t;
 
+/// Numbers of the host at any address. Read through these the compiler uses the loads that the machine has for it,
+/// where a copy byte by byte would be a call.
+struct [[gnu::packed, gnu::may_alias]] UnalignedHalf {
+    std::uint16_t number;
+};
+struct [[gnu::packed, gnu::may_alias]] UnalignedWord {
+    std::uint32_t number;
+};
+
 /// Unsigned 16-bit number, most significant byte first.
 struct be16 {
     u8 bytes[2];
 
     constexpr std::uint16_t value() const {
-        const std::uint16_t stored = __builtin_bit_cast(std::uint16_t, bytes);
+        if (std::is_constant_evaluated()) return static_cast<std::uint16_t>(bytes[0] << 8 | bytes[1]);
+        const std::uint16_t stored = reinterpret_cast<const UnalignedHalf *>(bytes)->number;
         return std::endian::native == std::endian::big ? stored : __builtin_bswap16(stored);
     }
     constexpr be16 &operator=(std::uint16_t number) {
@@ -36,7 +46,10 @@ struct be32 {
     u8 bytes[4];
 
     constexpr std::uint32_t value() const {
-        const std::uint32_t stored = __builtin_bit_cast(std::uint32_t, bytes);
+        if (std::is_constant_evaluated())
+            return std::uint32_t{bytes[0]} << 24 | std::uint32_t{bytes[1]} << 16 | std::uint32_t{bytes[2]} << 8 |
+                   bytes[3];
+        const std::uint32_t stored = reinterpret_cast<const UnalignedWord *>(bytes)->number;
         return std::endian::native == std::endian::big ? stored : __builtin_bswap32(stored);
     }
     constexpr be32 &operator=(std::uint32_t number) {

@@ -1,31 +1,33 @@
 #include "sections/ip.h"
 
-#include "app/text/text.h"
-#include "format/address.h"
-#include "format/blocks.h"
+#include "format/section_lines.h"
 
 // ----------------------------------------------------------------------------------------------------------- IPv4
 
+namespace {
+
+int write(const SectionLines<Ipv4Interface> &ip) {
+    // Full mode has a line for the two known modes only; in delta mode every mode but 1 is off.
+    if (ip.full) ip.code(&Ipv4Interface::dhcpMode, {{1, "ip address dhcp\n"}, {0, "no ip address dhcp\n"}});
+    else ip.code(&Ipv4Interface::dhcpMode, {{1, "ip address dhcp\n"}}, "no ip address dhcp\n");
+    if (ip.due(&Ipv4Interface::address) || ip.due(&Ipv4Interface::mask) || ip.due(&Ipv4Interface::gateway))
+        append("ip address %s %s %s\n", textOf(ip.current.address), textOf(ip.current.mask),
+               textOf(ip.current.gateway));
+    ip.onOff(&Ipv4Interface::enabled, "ip enable\n", "no ip enable\n");
+    return 0;
+}
+
+} // namespace
+
 int full::convConfigNetConfig_mid_sys_netcfg_ipv4_configure_ip(const Ipv4Interface &current) {
     trace();
-    // Only the two known modes have a line here; in delta mode every mode but 1 is off.
-    if (current.dhcpMode == 1) append("ip address dhcp\n");
-    if (current.dhcpMode == 0) append("no ip address dhcp\n");
-    append("ip address %s %s %s\n", textOf(current.address), textOf(current.mask), textOf(current.gateway));
-    appendSwitch(isOn(current.enabled), "ip enable\n", "no ip enable\n");
-    return 0;
+    return write({current});
 }
 
 int delta::convConfigNetConfig_mid_sys_netcfg_ipv4_configure_ip(const Ipv4Interface &current,
                                                                 const Ipv4Interface &defaults) {
     trace();
-    if (current.dhcpMode != defaults.dhcpMode)
-        appendSwitch(current.dhcpMode == 1, "ip address dhcp\n", "no ip address dhcp\n");
-    if (!sameBytes(current.address, defaults.address) || !sameBytes(current.mask, defaults.mask) ||
-        !sameBytes(current.gateway, defaults.gateway))
-        append("ip address %s %s %s\n", textOf(current.address), textOf(current.mask), textOf(current.gateway));
-    if (current.enabled != defaults.enabled) appendSwitch(isOn(current.enabled), "ip enable\n", "no ip enable\n");
-    return 0;
+    return write({current, defaults});
 }
 
 int full::convConfigNetConfig_mid_sys_ddns_server_configure() { return trace(); }
@@ -42,51 +44,35 @@ int full::convConfig_mid_forward_static_route_idx_configure() { return trace(); 
 
 namespace {
 
-/// Both modes write the same line for the DHCPv6 client.
-void appendDhcpv6Mode(u8 mode) {
-    switch (mode) {
-    case 1: append("ipv6 address dhcp auto\n"); break;
-    case 2: append("ipv6 address dhcp force\n"); break;
-    default: append("no ipv6 address dhcp\n");
-    }
+int write(const SectionLines<Ipv6Interface> &ipv6) {
+    const Ipv6Interface &current = ipv6.current;
+    ipv6.onOff(&Ipv6Interface::enabled, "ipv6 enable\n", "no ipv6 enable\n");
+    ipv6.onOff(&Ipv6Interface::autoconfiguration, "ipv6 address autoconfig\n", "no ipv6 address autoconfig\n");
+    // The texts of the addresses are compared.
+    const auto linkLocal = [](const Ipv6Interface &from) { return textOf(from.linkLocal); };
+    if (ipv6.dueBy(linkLocal) || ipv6.due(&Ipv6Interface::linkLocalPrefixLength))
+        append("ipv6 address link-local %s/%d\n", linkLocal(current), current.linkLocalPrefixLength);
+    const auto global = [](const Ipv6Interface &from) { return textOf(from.global); };
+    const auto gateway = [](const Ipv6Interface &from) { return textOf(from.gateway); };
+    if (ipv6.dueBy(global) || ipv6.due(&Ipv6Interface::globalPrefixLength) || ipv6.dueBy(gateway))
+        append("ipv6 address global %s/%d %s\n", global(current), current.globalPrefixLength, gateway(current));
+    ipv6.onOff(&Ipv6Interface::rapidCommit, "ipv6 address dhcp rapid-commit\n", "no ipv6 address dhcp rapid-commit\n");
+    ipv6.code(&Ipv6Interface::dhcpMode, {{1, "ipv6 address dhcp auto\n"}, {2, "ipv6 address dhcp force\n"}},
+              "no ipv6 address dhcp\n");
+    return 0;
 }
 
 } // namespace
 
 int full::convConfigNetConfig_mid_sys_netcfg_ipv6_configure_ipv6(const Ipv6Interface &current) {
     trace();
-    appendSwitch(isOn(current.enabled), "ipv6 enable\n", "no ipv6 enable\n");
-    appendSwitch(isOn(current.autoconfiguration), "ipv6 address autoconfig\n", "no ipv6 address autoconfig\n");
-    append("ipv6 address link-local %s/%d\n", textOf(current.linkLocal), current.linkLocalPrefixLength);
-    append("ipv6 address global %s/%d %s\n", textOf(current.global), current.globalPrefixLength,
-           textOf(current.gateway));
-    appendSwitch(isOn(current.rapidCommit), "ipv6 address dhcp rapid-commit\n", "no ipv6 address dhcp rapid-commit\n");
-    appendDhcpv6Mode(current.dhcpMode);
-    return 0;
+    return write({current});
 }
 
 int delta::convConfigNetConfig_mid_sys_netcfg_ipv6_configure_ipv6(const Ipv6Interface &current,
                                                                   const Ipv6Interface &defaults) {
     trace();
-    if (current.enabled != defaults.enabled) appendSwitch(isOn(current.enabled), "ipv6 enable\n", "no ipv6 enable\n");
-    if (current.autoconfiguration != defaults.autoconfiguration)
-        appendSwitch(isOn(current.autoconfiguration), "ipv6 address autoconfig\n", "no ipv6 address autoconfig\n");
-
-    const AddressText linkLocal = textOf(current.linkLocal);
-    if (linkLocal != textOf(defaults.linkLocal) || current.linkLocalPrefixLength != defaults.linkLocalPrefixLength)
-        append("ipv6 address link-local %s/%d\n", linkLocal, current.linkLocalPrefixLength);
-
-    const AddressText global = textOf(current.global);
-    const AddressText gateway = textOf(current.gateway);
-    if (global != textOf(defaults.global) || current.globalPrefixLength != defaults.globalPrefixLength ||
-        gateway != textOf(defaults.gateway))
-        append("ipv6 address global %s/%d %s\n", global, current.globalPrefixLength, gateway);
-
-    if (current.rapidCommit != defaults.rapidCommit)
-        appendSwitch(isOn(current.rapidCommit), "ipv6 address dhcp rapid-commit\n",
-                     "no ipv6 address dhcp rapid-commit\n");
-    if (current.dhcpMode != defaults.dhcpMode) appendDhcpv6Mode(current.dhcpMode);
-    return 0;
+    return write({current, defaults});
 }
 
 int full::convConfig_mid_sys_netcfg_wan_configure() { return trace(); }

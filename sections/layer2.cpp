@@ -1,9 +1,6 @@
 #include "sections/layer2.h"
 
-#include "app/text/text.h"
-#include "format/address.h"
-#include "format/blocks.h"
-#include "format/port_list.h"
+#include "format/section_lines.h"
 #include "platform/board.h"
 #include "platform/util.h"
 
@@ -11,18 +8,13 @@
 
 namespace {
 
-/// Whether two sets have the same ports from 1 to 28. Bits behind those do not count.
-template <std::size_t Bytes> bool samePorts(const Bitmap<Bytes> &a, const Bitmap<Bytes> &b) {
-    return sameBytes(a, b) || wordsOf(a) == wordsOf(b);
-}
-
-/// Appends a block for the ports from 1 to 28 in `members`, with `line` for `value`; nothing if there is none.
+/// Appends a block for the front ports in `members`, with `line` for `value`; nothing if there is none.
 template <std::size_t Bytes, class Value>
 void appendMembers(const Bitmap<Bytes> &members, std::type_identity_t<Format<Value>> line, const Value &value) {
-    const PortWords ports = wordsOf(members);
-    if (!CHECK_HAS_MEMBER_INT(ports.data(), 1)) return;
-    appendInterface(ports, 1);
-    append<Value>(line, value);
+    const PortSet ports = portsIn(members);
+    if (ports.empty()) return;
+    append("interface %s \n", ports);
+    append(line, value);
     append("exit\n");
 }
 
@@ -37,96 +29,102 @@ int full::convConfigVLANConfig_mid_sys_vlan_config_configure_vlan() { return tra
 
 int delta::convConfigVLANConfig_mid_sys_vlan_config_configure_vlan(const u8 &current, const u8 &defaults) {
     trace();
-    if (current == defaults) return 0;
-    switch (current) {
-    case 1: append("vlan port-based\n"); break;
-    case 2: append("vlan dot1q-vlan\n"); break;
-    case 3: append("vlan dot1q-vlan isolation\n"); break;
-    case 4: append("vlan qinq-vlan bypass-ctag\n"); break;
-    default: break;
-    }
+    if (current != defaults)
+        appendValueLine(current, {{1, "vlan port-based\n"},
+                                  {2, "vlan dot1q-vlan\n"},
+                                  {3, "vlan dot1q-vlan isolation\n"},
+                                  {4, "vlan qinq-vlan bypass-ctag\n"}});
     return 0;
 }
+
+namespace {
+
+/// Delta mode writes it too, changed or not.
+int write(const QinQConfig &qinq) {
+    append("vlan dot1q-tunnel ethertype %X\n", qinq.ethertype);
+    return 0;
+}
+
+} // namespace
 
 int full::convConfigQinQConfig_QinQConfig_configure_vlan_dot1q_tunnel(const QinQConfig &current) {
     trace();
-    append("vlan dot1q-tunnel ethertype %X\n", current.ethertype);
+    return write(current);
+}
+
+int delta::convConfigQinQConfig_QinQConfig_configure_vlan_dot1q_tunnel(const QinQConfig &current) {
+    trace();
+    return write(current);
+}
+
+namespace {
+
+int write(const SectionLines<Isolation> &isolation) {
+    const auto uplinks = [](const Isolation &of) { return textOf(of.uplinks); };
+    const auto others = [](const Isolation &of) { return textOf(complementOf(of.uplinks)); };
+    const Isolation &current = isolation.current;
+    if (!noPort(current.uplinks) && isolation.dueBy(uplinks))
+        isolation.append({"vlan isolation up-link-port %s \n", "vlan isolation up-link-port %s\n"}, uplinks(current));
+    if (!noPort(complementOf(current.uplinks)) && isolation.dueBy(others))
+        isolation.append({"no vlan isolation up-link-port %s \n", "no vlan isolation up-link-port %s\n"},
+                         others(current));
+    isolation.onOff(&Isolation::enabled, "vlan isolation\n", "no vlan isolation\n");
     return 0;
 }
 
-// Written whether or not it was changed.
-int delta::convConfigQinQConfig_QinQConfig_configure_vlan_dot1q_tunnel(const QinQConfig &current) {
-    trace();
-    append("vlan dot1q-tunnel ethertype %X\n", current.ethertype);
-    return 0;
-}
+} // namespace
 
 int full::convConfigVLANConfig_mid_vlan_port_iso_config_configure_vlan_isolation(const Isolation &current) {
     trace();
-    const PortBitmap others = complementOf(current.uplinks);
-    // The blank behind the ports is this mode's alone.
-    if (!noPort(current.uplinks)) append("vlan isolation up-link-port %s \n", textOf(current.uplinks));
-    if (!noPort(others)) append("no vlan isolation up-link-port %s \n", textOf(others));
-    appendSwitch(isOn(current.enabled), "vlan isolation\n", "no vlan isolation\n");
-    return 0;
+    return write({current});
 }
 
 int delta::convConfigVLANConfig_mid_vlan_port_iso_config_configure_vlan_isolation(const Isolation &current,
                                                                                   const Isolation &defaults) {
     trace();
-    const PortSetText uplinks = textOf(current.uplinks);
-    const PortBitmap others = complementOf(current.uplinks);
-    const PortSetText othersText = textOf(others);
-    if (!noPort(current.uplinks) && uplinks != textOf(defaults.uplinks))
-        append("vlan isolation up-link-port %s\n", uplinks);
-    if (!noPort(others) && othersText != textOf(complementOf(defaults.uplinks)))
-        append("no vlan isolation up-link-port %s\n", othersText);
-    if (current.enabled != defaults.enabled)
-        appendSwitch(isOn(current.enabled), "vlan isolation\n", "no vlan isolation\n");
+    return write({current, defaults});
+}
+
+namespace {
+
+bool hasCpuPort(const PortVlan &vlan) { return utilBitmapCheck(vlan.members.bytes, cpuPort) == 1; }
+
+/// Full mode removes every VLAN of the default image first, also one that the current image has too. Delta mode
+/// compares names: a change of the CPU port's membership alone has no line.
+int write(const SectionLines<PortVlanTable> &table, const PortVlanTable &defaults) {
+    const auto isNew = [&](int i) { return table.full || !sameText(table.current[i].name, defaults[i].name); };
+    for (int i = 0; i < portCount; ++i)
+        if (isOn(defaults[i].inUse) && isNew(i)) append("no vlan port-based %s\n", defaults[i].name);
+    for (int i = 0; i < portCount; ++i) {
+        const PortVlan &vlan = table.current[i];
+        if (!isOn(vlan.inUse) || !isNew(i)) continue;
+        append("vlan port-based %s\n", vlan.name);
+        if (hasCpuPort(vlan) && (table.full || !hasCpuPort(defaults[i])))
+            table.append({"vlan port-based %s include-cpu \n", "vlan port-based %s include-cpu\n"}, vlan.name);
+    }
     return 0;
 }
+
+} // namespace
 
 int full::convConfigPortVLAN_mid_sys_vlan_portVlan_configure_vlan_port_based(const PortVlanTable &current,
                                                                              const PortVlanTable &defaults) {
     trace();
-    // What the default has goes first, also where the current table has it too.
-    for (const PortVlan &vlan : defaults)
-        if (isOn(vlan.inUse)) append("no vlan port-based %s\n", vlan.name);
-    for (const PortVlan &vlan : current) {
-        if (!isOn(vlan.inUse)) continue;
-        append("vlan port-based %s\n", vlan.name);
-        if (utilBitmapCheck(vlan.members.bytes, cpuPort) == 1) append("vlan port-based %s include-cpu \n", vlan.name);
-    }
-    return 0;
+    return write({current}, defaults);
 }
 
 int delta::convConfigPortVLAN_mid_sys_vlan_portVlan_configure_vlan_port_based(const PortVlanTable &current,
                                                                               const PortVlanTable &defaults) {
     trace();
-    for (int i = 0; i < portCount; ++i)
-        if (isOn(defaults[i].inUse) && !sameText(defaults[i].name, current[i].name))
-            append("no vlan port-based %s\n", defaults[i].name);
-    for (int i = 0; i < portCount; ++i) {
-        const PortVlan &vlan = current[i];
-        // A change of the CPU's membership alone is none.
-        if (!isOn(vlan.inUse) || sameText(vlan.name, defaults[i].name)) continue;
-        append("vlan port-based %s\n", vlan.name);
-        const bool withCpu = utilBitmapCheck(vlan.members.bytes, cpuPort) == 1;
-        const bool defaultWithCpu = utilBitmapCheck(defaults[i].members.bytes, cpuPort) == 1;
-        if (withCpu && !defaultWithCpu) append("vlan port-based %s include-cpu\n", vlan.name);
-    }
-    return 0;
+    return write({current, defaults}, defaults);
 }
 
 // ----------------------------------------------------------------------------------------------- the management VLAN
 
 namespace {
 
-/// The ways in which a port belongs to the management VLAN.
-enum ManagementPort : std::uint32_t { access, trunk, trunkNative, none };
-
 /// Index of the first VLAN with the CPU port; -1 if there is none before the first entry that is not in use. The table
-/// is packed from its start, so nothing behind such an entry is looked at.
+/// is packed from its start, so nothing after such an entry is looked at.
 int managementVlanIndex(const TagVlanTable &vlans) {
     int index = 0;
     for (const TagVlan &vlan : vlans) {
@@ -137,32 +135,37 @@ int managementVlanIndex(const TagVlanTable &vlans) {
     return -1;
 }
 
-/// How each port belongs to `vlan`. A dot1q-tunnel port is in no class, member or not.
-PortWords managementPorts(const VlanPortTable &ports, const TagVlan &vlan) {
-    PortWords classes;
-    for (int i = 0; i < portCount; ++i) {
-        const VlanPort &port = ports[i];
-        const bool member = utilBitmapCheck(vlan.members.bytes, i) == 1;
-        ManagementPort way = none;
-        if (port.mode == 0 && port.accessVlan == vlan.id) way = access;
-        if (port.mode == 1 && member) way = trunk;
-        if (port.mode == 2 && member) way = trunkNative;
-        classes[static_cast<std::size_t>(i)] = way;
+/// The ports of the management VLAN, by the way in which they belong to it.
+struct ManagementPorts {
+    PortSet access;
+    PortSet trunk;
+    PortSet trunkNative;
+
+    friend bool operator==(const ManagementPorts &a, const ManagementPorts &b) {
+        return a.access == b.access && a.trunk == b.trunk && a.trunkNative == b.trunkNative;
     }
-    return classes;
+};
+
+/// A dot1q-tunnel port belongs in no way, member or not.
+ManagementPorts managementPorts(const VlanPortTable &ports, const TagVlan &vlan) {
+    ManagementPorts by;
+    for (std::size_t i = 0; i < portCount; ++i) {
+        const VlanPort &port = ports[i];
+        const bool member = utilBitmapCheck(vlan.members.bytes, static_cast<int>(i)) == 1;
+        if (port.mode == 0 && port.accessVlan == vlan.id) by.access.add(i);
+        if (port.mode == 1 && member) by.trunk.add(i);
+        if (port.mode == 2 && member) by.trunkNative.add(i);
+    }
+    return by;
 }
 
-/// The lines of the management VLAN, in both modes alike. The list ends with a blank and the mode begins with one: the
-/// two blanks between them are the format, as is the hyphen of "trunk-native", which the ports' own mode lacks.
-void appendManagementVlan(const TagVlan &vlan, const PortWords &classes) {
-    const ValueLine modes[] = {
-        {access, " mode access\n"}, {trunk, " mode trunk\n"}, {trunkNative, " mode trunk-native\n"}};
-    for (const ValueLine &mode : modes) {
-        if (!CHECK_HAS_MEMBER_INT(classes.data(), mode.value)) continue;
-        append("vlan management-vlan %d management-port ", vlan.id);
-        APPEND_PORT_MEMBER_INT_NUM(classes.data(), mode.value, portCount);
-        append(mode.line);
-    }
+/// The two blanks after the ports are the format, as is the hyphen of trunk-native, which the ports' own mode lacks.
+void appendManagementVlan(const TagVlan &vlan, const ManagementPorts &ports) {
+    if (!ports.access.empty())
+        append("vlan management-vlan %d management-port %s  mode access\n", vlan.id, ports.access);
+    if (!ports.trunk.empty()) append("vlan management-vlan %d management-port %s  mode trunk\n", vlan.id, ports.trunk);
+    if (!ports.trunkNative.empty())
+        append("vlan management-vlan %d management-port %s  mode trunk-native\n", vlan.id, ports.trunkNative);
 }
 
 } // namespace
@@ -183,9 +186,9 @@ int delta::ManageVLANFunc_configure_vlan() {
     const TagVlan &vlan = gSysConfig->tagVlans[index];
     // The default's entry of the same index, whether or not that is the default's management VLAN.
     const TagVlan &defaultVlan = gDefConfig->tagVlans[index];
-    const PortWords classes = managementPorts(gSysConfig->vlanPorts, vlan);
-    if (vlan.id == defaultVlan.id && classes == managementPorts(gDefConfig->vlanPorts, defaultVlan)) return 0;
-    appendManagementVlan(vlan, classes);
+    const ManagementPorts ports = managementPorts(gSysConfig->vlanPorts, vlan);
+    if (vlan.id == defaultVlan.id && ports == managementPorts(gDefConfig->vlanPorts, defaultVlan)) return 0;
+    appendManagementVlan(vlan, ports);
     return 0;
 }
 
@@ -193,104 +196,106 @@ int delta::ManageVLANFunc_configure_vlan() {
 
 namespace {
 
-/// A block for each access VLAN, in the order of its lowest port. Ports without one are in none. The list ends its line
-/// without a blank, unlike those of the trunk VLANs and the modes.
-void appendAccessVlans(const PortWords &accessVlans) {
-    forEachGroup<u8>(accessVlans, 0, [](std::uint32_t vlan, const PortBytes &members) {
-        appendInterface(members, 1);
-        append("vlan dot1q-vlan access-vlan %d\n", vlan);
-        append("exit\n");
-    });
-}
-
-void appendVlanModes(const PortWords &modes) {
-    appendValueBlocks(modes, {{0, "vlan dot1q-vlan mode access\n"},
-                              {1, "vlan dot1q-vlan mode trunk\n"},
-                              {2, "vlan dot1q-vlan mode trunk native\n"},
-                              {3, "vlan dot1q-vlan mode dot1q-tunnel\n"}});
-}
-
 /// Whether two entries are the same to trunk ports. Whether they are in use does not count, nor does the CPU port.
 bool sameTrunkVlan(const TagVlan &a, const TagVlan &b) { return a.id == b.id && samePorts(a.members, b.members); }
+
+/// Full mode removes every VLAN of the default image first, also one that the current image has too.
+void writeTrunkVlans(const SectionLines<TagVlanTable> &table, const TagVlanTable &defaults) {
+    const TagVlanTable &vlans = table.current;
+    const auto isNew = [&](std::size_t i) { return table.full || !sameTrunkVlan(vlans[i], defaults[i]); };
+    for (std::size_t i = 0; i < std::size(defaults); ++i)
+        if (isOn(defaults[i].inUse) && isNew(i))
+            appendMembers(defaults[i].members, "no vlan dot1q-vlan trunk-vlan %d\n", defaults[i].id);
+    for (std::size_t i = 0; i < std::size(vlans); ++i)
+        if (isOn(vlans[i].inUse) && isNew(i))
+            appendMembers(vlans[i].members, "vlan dot1q-vlan trunk-vlan %d\n", vlans[i].id);
+}
+
+int write(const SectionLines<VlanPortTable> &ports, const SectionLines<TagVlanTable> &vlans) {
+    const auto accessVlans = [](const VlanPortTable &of) { return valuesOf(of, &VlanPort::accessVlan); };
+    if (ports.dueBy(accessVlans)) {
+        // 0 means none. The list ends its line without a blank, unlike those of the trunk VLANs and the modes.
+        for (const PortGroup &group : groupsOf(accessVlans(ports.current), 0)) {
+            append("interface %s\n", group.ports);
+            append("vlan dot1q-vlan access-vlan %d\n", group.value);
+            append("exit\n");
+        }
+    }
+    writeTrunkVlans(vlans, gDefConfig->tagVlans);
+    const auto modes = [](const VlanPortTable &of) { return valuesOf(of, &VlanPort::mode); };
+    if (ports.dueBy(modes))
+        appendValueBlocks("interface %s \n", modes(ports.current),
+                          {{0, "vlan dot1q-vlan mode access\n"},
+                           {1, "vlan dot1q-vlan mode trunk\n"},
+                           {2, "vlan dot1q-vlan mode trunk native\n"},
+                           {3, "vlan dot1q-vlan mode dot1q-tunnel\n"}});
+    return 0;
+}
 
 } // namespace
 
 int full::convConfigVLANConfig_mid_sys_vlan_config_configure_interface_vlan(const VlanPortTable &current) {
     trace();
-    appendAccessVlans(wordsOf(current, &VlanPort::accessVlan));
-    // What the default has goes first, also where the current table has it too.
-    for (const TagVlan &vlan : gDefConfig->tagVlans)
-        if (isOn(vlan.inUse)) appendMembers(vlan.members, "no vlan dot1q-vlan trunk-vlan %d\n", vlan.id);
-    for (const TagVlan &vlan : gSysConfig->tagVlans)
-        if (isOn(vlan.inUse)) appendMembers(vlan.members, "vlan dot1q-vlan trunk-vlan %d\n", vlan.id);
-    appendVlanModes(wordsOf(current, &VlanPort::mode));
-    return 0;
+    return write({current}, {gSysConfig->tagVlans});
 }
 
 int delta::convConfigVLANConfig_mid_sys_vlan_config_configure_interface_vlan(const VlanPortTable &current,
                                                                              const VlanPortTable &defaults) {
     trace();
-    const PortWords accessVlans = wordsOf(current, &VlanPort::accessVlan);
-    if (accessVlans != wordsOf(defaults, &VlanPort::accessVlan)) appendAccessVlans(accessVlans);
+    return write({current, defaults}, {gSysConfig->tagVlans, gDefConfig->tagVlans});
+}
 
-    const TagVlanTable &vlans = gSysConfig->tagVlans;
-    const TagVlanTable &defaultVlans = gDefConfig->tagVlans;
-    for (std::size_t i = 0; i < std::size(vlans); ++i)
-        if (isOn(defaultVlans[i].inUse) && !sameTrunkVlan(defaultVlans[i], vlans[i]))
-            appendMembers(defaultVlans[i].members, "no vlan dot1q-vlan trunk-vlan %d\n", defaultVlans[i].id);
-    for (std::size_t i = 0; i < std::size(vlans); ++i)
-        if (isOn(vlans[i].inUse) && !sameTrunkVlan(vlans[i], defaultVlans[i]))
-            appendMembers(vlans[i].members, "vlan dot1q-vlan trunk-vlan %d\n", vlans[i].id);
+namespace {
 
-    const PortWords modes = wordsOf(current, &VlanPort::mode);
-    if (modes != wordsOf(defaults, &VlanPort::mode)) appendVlanModes(modes);
+/// Delta mode compares the ports: a change of the name alone has no block.
+int writePortVlanMembers(const SectionLines<PortVlanTable> &table) {
+    for (int i = 0; i < portCount; ++i) {
+        const PortVlan &vlan = table.current[i];
+        if (isOn(vlan.inUse) && (table.full || !samePorts(vlan.members, table.defaults[i].members)))
+            appendMembers(vlan.members, "vlan port-based %s\n", vlan.name);
+    }
     return 0;
 }
 
+} // namespace
+
 int full::convConfigPortVLAN_mid_sys_vlan_portVlan_configure_interface_vlan_port_based(const PortVlanTable &current) {
     trace();
-    for (const PortVlan &vlan : current)
-        if (isOn(vlan.inUse)) appendMembers(vlan.members, "vlan port-based %s\n", vlan.name);
-    return 0;
+    return writePortVlanMembers({current});
 }
 
 int delta::convConfigPortVLAN_mid_sys_vlan_portVlan_configure_interface_vlan_port_based(const PortVlanTable &current,
                                                                                         const PortVlanTable &defaults) {
     trace();
-    // A change of the name alone is none.
-    for (int i = 0; i < portCount; ++i)
-        if (isOn(current[i].inUse) && !samePorts(current[i].members, defaults[i].members))
-            appendMembers(current[i].members, "vlan port-based %s\n", current[i].name);
-    return 0;
+    return writePortVlanMembers({current, defaults});
 }
 
 namespace {
 
-/// A VLAN without a name has no block of its own; its ports name it.
-bool isNamed(const TagVlan &vlan) { return isOn(vlan.inUse) && !vlan.name.empty(); }
-
-void appendDefinition(const TagVlan &vlan) {
-    append("vlan dot1q-vlan %d\n", vlan.id);
-    append("name %s\n", vlan.name);
-    append("exit\n");
+/// A VLAN without a name has no block of its own; its ports name it. In delta mode any byte of the entry makes a
+/// change, those that are not written included.
+int write(const SectionLines<TagVlanTable> &table) {
+    for (std::size_t i = 0; i < std::size(table.current); ++i) {
+        const TagVlan &vlan = table.current[i];
+        if (!isOn(vlan.inUse) || vlan.name.empty() || !table[i].changed()) continue;
+        append("vlan dot1q-vlan %d\n", vlan.id);
+        append("name %s\n", vlan.name);
+        append("exit\n");
+    }
+    return 0;
 }
 
 } // namespace
 
 int full::convConfigTagVLAN_mid_sys_vlan_tagVlan_configure_vlan(const TagVlanTable &current) {
     trace();
-    for (const TagVlan &vlan : current)
-        if (isNamed(vlan)) appendDefinition(vlan);
-    return 0;
+    return write({current});
 }
 
 int delta::convConfigTagVLAN_mid_sys_vlan_tagVlan_configure_vlan(const TagVlanTable &current,
                                                                  const TagVlanTable &defaults) {
     trace();
-    // Any byte of the entry makes a change, those that are not written included.
-    for (std::size_t i = 0; i < std::size(current); ++i)
-        if (isNamed(current[i]) && !sameBytes(current[i], defaults[i])) appendDefinition(current[i]);
-    return 0;
+    return write({current, defaults});
 }
 
 int full::convConfigVLANConfig_mid_sys_vlan_config_configure_interface_lan_vlan() { return trace(); }
@@ -299,481 +304,438 @@ int full::convConfigVLANConfig_mid_sys_vlan_config_configure_interface_wan_vlan(
 
 // ------------------------------------------------------------------------------------------ spanning tree and BPDUs
 
+namespace {
+
+int write(const SectionLines<StpConfig> &stp) {
+    stp.value(&StpConfig::priority, "spanning-tree priority %d\n");
+    stp.value(&StpConfig::maxAge, "spanning-tree max-age %d\n");
+    stp.value(&StpConfig::helloTime, "spanning-tree hello-time %d\n");
+    stp.value(&StpConfig::forwardDelay, "spanning-tree delay-time %d\n");
+    stp.code(&StpConfig::version, {{1, "spanning-tree version normal\n"}}, "spanning-tree version compatible\n");
+    stp.onOff(&StpConfig::aggregated, "spanning-tree aggregated-port\n", "no spanning-tree aggregated-port\n");
+    stp.value(&StpConfig::aggregatedCost, "spanning-tree aggregated-port cost %ld\n");
+    stp.value(&StpConfig::aggregatedPriority, "spanning-tree aggregated-port priority %d\n");
+    stp.onOff(&StpConfig::aggregatedEdge, "spanning-tree aggregated-port edge\n",
+              "no spanning-tree aggregated-port edge\n");
+    stp.code(&StpConfig::aggregatedPointToPoint, {{0, "spanning-tree aggregated-port p2p forced_true\n"},
+                                                  {1, "spanning-tree aggregated-port p2p forced_false\n"},
+                                                  {2, "spanning-tree aggregated-port p2p auto\n"}});
+    return 0;
+}
+
+} // namespace
+
 int full::convConfigSTPConfig_STPConfig_configure_spanning_tree() {
     trace();
-    const StpConfig &current = gSysConfig->stp;
-    append("spanning-tree priority %d\n", current.priority);
-    append("spanning-tree max-age %d\n", current.maxAge);
-    append("spanning-tree hello-time %d\n", current.helloTime);
-    append("spanning-tree delay-time %d\n", current.forwardDelay);
-    appendSwitch(current.version.value() == 1, "spanning-tree version normal\n", "spanning-tree version compatible\n");
-    appendSwitch(isOn(current.aggregated), "spanning-tree aggregated-port\n", "no spanning-tree aggregated-port\n");
-    append("spanning-tree aggregated-port cost %ld\n", current.aggregatedCost);
-    append("spanning-tree aggregated-port priority %d\n", current.aggregatedPriority);
-    appendSwitch(isOn(current.aggregatedEdge), "spanning-tree aggregated-port edge\n",
-                 "no spanning-tree aggregated-port edge\n");
-    switch (current.aggregatedPointToPoint.value()) {
-    case 0: append("spanning-tree aggregated-port p2p forced_true\n"); break;
-    case 1: append("spanning-tree aggregated-port p2p forced_false\n"); break;
-    case 2: append("spanning-tree aggregated-port p2p auto\n"); break;
-    default: break;
-    }
-    return 0;
+    return write({gSysConfig->stp});
 }
 
 int delta::convConfigSTPConfig_STPConfig_configure_spanning_tree(const StpConfig &current, const StpConfig &defaults) {
     trace();
-    if (current.priority != defaults.priority) append("spanning-tree priority %d\n", current.priority);
-    if (current.maxAge != defaults.maxAge) append("spanning-tree max-age %d\n", current.maxAge);
-    if (current.helloTime != defaults.helloTime) append("spanning-tree hello-time %d\n", current.helloTime);
-    if (current.forwardDelay != defaults.forwardDelay) append("spanning-tree delay-time %d\n", current.forwardDelay);
-    if (current.version != defaults.version)
-        appendSwitch(current.version.value() == 1, "spanning-tree version normal\n",
-                     "spanning-tree version compatible\n");
-    if (current.aggregated != defaults.aggregated)
-        appendSwitch(isOn(current.aggregated), "spanning-tree aggregated-port\n", "no spanning-tree aggregated-port\n");
-    if (current.aggregatedCost != defaults.aggregatedCost)
-        append("spanning-tree aggregated-port cost %ld\n", current.aggregatedCost);
-    if (current.aggregatedPriority != defaults.aggregatedPriority)
-        append("spanning-tree aggregated-port priority %d\n", current.aggregatedPriority);
-    if (current.aggregatedEdge != defaults.aggregatedEdge)
-        appendSwitch(isOn(current.aggregatedEdge), "spanning-tree aggregated-port edge\n",
-                     "no spanning-tree aggregated-port edge\n");
-    if (current.aggregatedPointToPoint == defaults.aggregatedPointToPoint) return 0;
-    switch (current.aggregatedPointToPoint.value()) {
-    case 0: append("spanning-tree aggregated-port p2p forced_true\n"); break;
-    case 1: append("spanning-tree aggregated-port p2p forced_false\n"); break;
-    case 2: append("spanning-tree aggregated-port p2p auto\n"); break;
-    default: break;
-    }
+    return write({current, defaults});
+}
+
+namespace {
+
+/// The order is neither that of the flags nor that of the ranges.
+int writeBpdus(const SectionLines<SwitchConfig> &config) {
+    config.onOff(&SwitchConfig::blockBpdu00to0F, "no switch bpdu 00-0F\n", "switch bpdu 00-0F permit\n");
+    config.onOff(&SwitchConfig::blockBpdu20to2F, "no switch bpdu 20-2F\n", "switch bpdu 20-2F permit\n");
+    config.onOff(&SwitchConfig::blockBpdu10, "no switch bpdu 10\n", "switch bpdu 10 permit\n");
     return 0;
 }
 
-// The lines stand neither in the order of the flags nor in that of the ranges.
+} // namespace
+
 int full::convConfigSwitchConfig_SwitchConfig_configure_switch_bpdu(const SwitchConfig &current) {
     trace();
-    appendSwitch(isOn(current.blockBpdu00to0F), "no switch bpdu 00-0F\n", "switch bpdu 00-0F permit\n");
-    appendSwitch(isOn(current.blockBpdu20to2F), "no switch bpdu 20-2F\n", "switch bpdu 20-2F permit\n");
-    appendSwitch(isOn(current.blockBpdu10), "no switch bpdu 10\n", "switch bpdu 10 permit\n");
-    return 0;
+    return writeBpdus({current});
 }
 
 int delta::convConfigSwitchConfig_SwitchConfig_configure_switch_bpdu(const SwitchConfig &current,
                                                                      const SwitchConfig &defaults) {
     trace();
-    if (current.blockBpdu00to0F != defaults.blockBpdu00to0F)
-        appendSwitch(isOn(current.blockBpdu00to0F), "no switch bpdu 00-0F\n", "switch bpdu 00-0F permit\n");
-    if (current.blockBpdu20to2F != defaults.blockBpdu20to2F)
-        appendSwitch(isOn(current.blockBpdu20to2F), "no switch bpdu 20-2F\n", "switch bpdu 20-2F permit\n");
-    if (current.blockBpdu10 != defaults.blockBpdu10)
-        appendSwitch(isOn(current.blockBpdu10), "no switch bpdu 10\n", "switch bpdu 10 permit\n");
-    return 0;
+    return writeBpdus({current, defaults});
 }
 
 namespace {
 
-void appendStpSwitches(const PortWords &enabled) {
-    appendValueBlocks(enabled, {{0, "no spanning-tree\n"}, {1, "spanning-tree\n"}});
-}
-
 /// A block for each number that is not negative, in the order of its lowest port, with `line` for the number.
-void appendNumberBlocks(const PortWords &numbers, std::type_identity_t<Format<std::uint32_t>> line) {
+void appendNumberBlocks(const be_i32 (&numbers)[portCount], Format<std::uint32_t> line) {
     constexpr std::uint32_t written = UINT32_MAX; // -1
-    forEachGroup<std::uint32_t>(numbers, written, [line](std::uint32_t number, const PortWords &members) {
-        if (static_cast<std::int32_t>(number) < 0) return;
-        appendInterface(members, 1);
-        append<std::uint32_t>(line, number);
+    for (const PortGroup &group : groupsOf(valuesOf(numbers), written)) {
+        if (static_cast<std::int32_t>(group.value) < 0) continue;
+        append("interface %s \n", group.ports);
+        append(line, group.value);
         append("exit\n");
-    });
+    }
 }
 
-void appendStpCosts(const PortWords &costs) { appendNumberBlocks(costs, "spanning-tree cost %ld\n"); }
-
-void appendStpPriorities(const PortWords &priorities) { appendNumberBlocks(priorities, "spanning-tree priority %d\n"); }
-
-void appendStpEdges(const PortWords &edges) {
-    appendValueBlocks(edges, {{0, "no spanning-tree edge\n"}, {1, "spanning-tree edge\n"}});
-}
-
-void appendStpPointToPoint(const PortWords &values) {
-    appendValueBlocks(values, {{0, "spanning-tree p2p forced_true\n"},
-                               {1, "spanning-tree p2p forced_false\n"},
-                               {2, "spanning-tree p2p auto\n"}});
+int write(const SectionLines<StpPorts> &ports) {
+    ports.blocks(&StpPorts::enabled, "interface %s \n", {{0, "no spanning-tree\n"}, {1, "spanning-tree\n"}});
+    if (ports.due(&StpPorts::cost)) appendNumberBlocks(ports.current.cost, "spanning-tree cost %ld\n");
+    if (ports.due(&StpPorts::priority)) appendNumberBlocks(ports.current.priority, "spanning-tree priority %d\n");
+    ports.blocks(&StpPorts::edge, "interface %s \n", {{0, "no spanning-tree edge\n"}, {1, "spanning-tree edge\n"}});
+    ports.blocks(&StpPorts::pointToPoint, "interface %s \n",
+                 {{0, "spanning-tree p2p forced_true\n"},
+                  {1, "spanning-tree p2p forced_false\n"},
+                  {2, "spanning-tree p2p auto\n"}});
+    return 0;
 }
 
 } // namespace
 
 int full::convConfigSTPConfig_STPConfig_configure_interface_spanning_tree(const StpPorts &current) {
     trace();
-    appendStpSwitches(wordsOf(current.enabled));
-    appendStpCosts(wordsOf(current.cost));
-    appendStpPriorities(wordsOf(current.priority));
-    appendStpEdges(wordsOf(current.edge));
-    appendStpPointToPoint(wordsOf(current.pointToPoint));
-    return 0;
+    return write({current});
 }
 
 int delta::convConfigSTPConfig_STPConfig_configure_interface_spanning_tree(const StpPorts &current,
                                                                            const StpPorts &defaults) {
     trace();
-    if (!sameBytes(current.enabled, defaults.enabled)) appendStpSwitches(wordsOf(current.enabled));
-    if (!sameBytes(current.cost, defaults.cost)) appendStpCosts(wordsOf(current.cost));
-    if (!sameBytes(current.priority, defaults.priority)) appendStpPriorities(wordsOf(current.priority));
-    if (!sameBytes(current.edge, defaults.edge)) appendStpEdges(wordsOf(current.edge));
-    if (!sameBytes(current.pointToPoint, defaults.pointToPoint)) appendStpPointToPoint(wordsOf(current.pointToPoint));
-    return 0;
+    return write({current, defaults});
 }
 
 // ------------------------------------------------------------------------------------------------- link aggregation
 
+namespace {
+
+/// Delta mode writes them too, changed or not.
+int write(const TrunkTable &trunks) {
+    for (const TrunkGroup &group : trunks)
+        if (isOn(group.inUse)) append("channel-group trunking %s\n", group.name);
+    return 0;
+}
+
+} // namespace
+
 int full::convConfigPortTrunk_PortTrunk_configure_channel_group(const TrunkTable &current) {
     trace();
-    for (const TrunkGroup &group : current)
-        if (isOn(group.inUse)) append("channel-group trunking %s\n", group.name);
-    return 0;
+    return write(current);
 }
 
-// Written whether or not they were changed.
 int delta::convConfigPortTrunk_PortTrunk_configure_channel_group(const TrunkTable &current) {
     trace();
-    for (const TrunkGroup &group : current)
-        if (isOn(group.inUse)) append("channel-group trunking %s\n", group.name);
+    return write(current);
+}
+
+namespace {
+
+/// The destination of each pair goes before the source and the addresses of layer 2 go last, against the stored order.
+int write(const SectionLines<DistributionRules> &rules) {
+    rules.onOff(&DistributionRules::destinationIp, "channel-group distribution-rule destination-ip\n",
+                "no channel-group distribution-rule destination-ip\n");
+    rules.onOff(&DistributionRules::sourceIp, "channel-group distribution-rule source-ip\n",
+                "no channel-group distribution-rule source-ip\n");
+    rules.onOff(&DistributionRules::destinationL4Port, "channel-group distribution-rule destination-L4-port\n",
+                "no channel-group distribution-rule destination-L4-port\n");
+    rules.onOff(&DistributionRules::sourceL4Port, "channel-group distribution-rule source-L4-port\n",
+                "no channel-group distribution-rule source-L4-port\n");
+    rules.onOff(&DistributionRules::destinationMac, "channel-group distribution-rule destination-mac\n",
+                "no channel-group distribution-rule destination-mac\n");
+    rules.onOff(&DistributionRules::sourceMac, "channel-group distribution-rule source-mac\n",
+                "no channel-group distribution-rule source-mac\n");
     return 0;
 }
 
-// The destination of each pair goes before the source and the addresses of layer 2 go last, against the stored order.
+} // namespace
+
 int full::convConfigPortTrunkMode_PortTrunkMode_configure_channel_group(const DistributionRules &current) {
     trace();
-    appendSwitch(isOn(current.destinationIp), "channel-group distribution-rule destination-ip\n",
-                 "no channel-group distribution-rule destination-ip\n");
-    appendSwitch(isOn(current.sourceIp), "channel-group distribution-rule source-ip\n",
-                 "no channel-group distribution-rule source-ip\n");
-    appendSwitch(isOn(current.destinationL4Port), "channel-group distribution-rule destination-L4-port\n",
-                 "no channel-group distribution-rule destination-L4-port\n");
-    appendSwitch(isOn(current.sourceL4Port), "channel-group distribution-rule source-L4-port\n",
-                 "no channel-group distribution-rule source-L4-port\n");
-    appendSwitch(isOn(current.destinationMac), "channel-group distribution-rule destination-mac\n",
-                 "no channel-group distribution-rule destination-mac\n");
-    appendSwitch(isOn(current.sourceMac), "channel-group distribution-rule source-mac\n",
-                 "no channel-group distribution-rule source-mac\n");
-    return 0;
+    return write({current});
 }
 
 int delta::convConfigPortTrunkMode_PortTrunkMode_configure_channel_group(const DistributionRules &current,
                                                                          const DistributionRules &defaults) {
     trace();
-    if (current.destinationIp != defaults.destinationIp)
-        appendSwitch(isOn(current.destinationIp), "channel-group distribution-rule destination-ip\n",
-                     "no channel-group distribution-rule destination-ip\n");
-    if (current.sourceIp != defaults.sourceIp)
-        appendSwitch(isOn(current.sourceIp), "channel-group distribution-rule source-ip\n",
-                     "no channel-group distribution-rule source-ip\n");
-    if (current.destinationL4Port != defaults.destinationL4Port)
-        appendSwitch(isOn(current.destinationL4Port), "channel-group distribution-rule destination-L4-port\n",
-                     "no channel-group distribution-rule destination-L4-port\n");
-    if (current.sourceL4Port != defaults.sourceL4Port)
-        appendSwitch(isOn(current.sourceL4Port), "channel-group distribution-rule source-L4-port\n",
-                     "no channel-group distribution-rule source-L4-port\n");
-    if (current.destinationMac != defaults.destinationMac)
-        appendSwitch(isOn(current.destinationMac), "channel-group distribution-rule destination-mac\n",
-                     "no channel-group distribution-rule destination-mac\n");
-    if (current.sourceMac != defaults.sourceMac)
-        appendSwitch(isOn(current.sourceMac), "channel-group distribution-rule source-mac\n",
-                     "no channel-group distribution-rule source-mac\n");
-    return 0;
+    return write({current, defaults});
 }
 
 namespace {
 
-/// The ports with a LACP key, as words 1 (has it) and 0.
-PortWords portsWithKey(const LacpConfig &lacp, unsigned key) {
-    PortWords ports;
-    for (std::size_t i = 0; i < portCount; ++i) ports[i] = lacp.key[i] == key;
-    return ports;
+/// The ports of a key are in a list that ends with a blank, those of a role or of the on/off setting in one that does
+/// not.
+int write(const SectionLines<LacpConfig> &lacp) {
+    const PortValues<portCount> keys = valuesOf(lacp.current.key);
+    const PortValues<portCount> defaultKeys = valuesOf(lacp.defaults.key);
+    for (std::uint32_t key = 0; key <= UINT8_MAX; ++key) {
+        const PortSet ports = portsWith(keys, key);
+        if (ports.empty() || (!lacp.full && ports == portsWith(defaultKeys, key))) continue;
+        append("interface %s \n", ports);
+        append("channel-group lacp key %d\n", key);
+        append("exit\n");
+    }
+    if (lacp.due(&LacpConfig::role))
+        appendValueBlocks(
+            "interface %s\n", valuesOf(lacp.current.role),
+            {{0, LineForms{"no channel-group lacp role \n", "no channel-group lacp role\n"}.in(lacp.full)},
+             {1, "channel-group lacp role active\n"}});
+    lacp.blocks(&LacpConfig::enabled, "interface %s\n", {{0, "no channel-group lacp\n"}, {1, "channel-group lacp\n"}});
+    return 0;
 }
-
-void appendKey(const PortWords &ports, unsigned key) {
-    appendInterface(ports, 1);
-    append("channel-group lacp key %d\n", key);
-    append("exit\n");
-}
-
-void appendLacpSwitches(const PortBytes &enabled) {
-    appendValueBlocks(enabled, {{0, "no channel-group lacp\n"}, {1, "channel-group lacp\n"}});
-}
-
-constexpr unsigned lacpKeys = 256;
 
 } // namespace
 
-// The ports of a key stand in a list that ends with a blank, those of a role or of a switch in one that does not.
 int full::convConfigLACPConfig_mid_sys_lacp_configure_interface_channel_group_lacp(const LacpConfig &current) {
     trace();
-    for (unsigned key = 0; key < lacpKeys; ++key) {
-        if (CHECK_HAS_MEMBER(current.key, key) != 0) appendKey(portsWithKey(current, key), key);
-    }
-    // The blank behind "role" is this mode's alone.
-    appendValueBlocks(bytesOfPorts(current.role),
-                      {{0, "no channel-group lacp role \n"}, {1, "channel-group lacp role active\n"}});
-    appendLacpSwitches(bytesOfPorts(current.enabled));
-    return 0;
+    return write({current});
 }
 
 int delta::convConfigLACPConfig_mid_sys_lacp_configure_interface_channel_group_lacp(const LacpConfig &current,
                                                                                     const LacpConfig &defaults) {
     trace();
-    for (unsigned key = 0; key < lacpKeys; ++key) {
-        if (CHECK_HAS_MEMBER(current.key, key) == 0) continue;
-        const PortWords ports = portsWithKey(current, key);
-        if (ports != portsWithKey(defaults, key)) appendKey(ports, key);
+    return write({current, defaults});
+}
+
+namespace {
+
+/// Delta mode compares the ports: a change of the name alone has no block.
+int writeTrunkMembers(const SectionLines<TrunkTable> &table) {
+    for (std::size_t i = 0; i < std::size(table.current); ++i) {
+        const TrunkGroup &group = table.current[i];
+        if (isOn(group.inUse) && (table.full || !samePorts(group.members, table.defaults[i].members)))
+            appendMembers(group.members, "channel-group trunking %s\n", group.name);
     }
-    if (!sameBytes(current.role, defaults.role))
-        appendValueBlocks(bytesOfPorts(current.role),
-                          {{0, "no channel-group lacp role\n"}, {1, "channel-group lacp role active\n"}});
-    if (!sameBytes(current.enabled, defaults.enabled)) appendLacpSwitches(bytesOfPorts(current.enabled));
     return 0;
 }
 
+} // namespace
+
 int full::convConfigPortTrunk_PortTrunk_configure_interface_channel_group_trunking(const TrunkTable &current) {
     trace();
-    for (const TrunkGroup &group : current)
-        if (isOn(group.inUse)) appendMembers(group.members, "channel-group trunking %s\n", group.name);
-    return 0;
+    return writeTrunkMembers({current});
 }
 
 int delta::convConfigPortTrunk_PortTrunk_configure_interface_channel_group_trunking(const TrunkTable &current,
                                                                                     const TrunkTable &defaults) {
     trace();
-    // A change of the name alone is none.
-    for (std::size_t i = 0; i < std::size(current); ++i)
-        if (isOn(current[i].inUse) && !samePorts(current[i].members, defaults[i].members))
-            appendMembers(current[i].members, "channel-group trunking %s\n", current[i].name);
-    return 0;
+    return writeTrunkMembers({current, defaults});
 }
 
 // ------------------------------------------------------------------------------------------------------------ mirror
 
-int full::convConfigPortMirror_PortMirror_configure_mirror_destination(const PortMirror &current) {
-    trace();
-    if (isOn(current.destinationSet)) append("mirror destination %d\n", current.destinationPort.value() + 1);
+namespace {
+
+int writeDestination(const SectionLines<PortMirror> &mirror) {
+    if (!mirror.due(&PortMirror::destinationSet) && !mirror.due(&PortMirror::destinationPort)) return 0;
+    if (isOn(mirror.current.destinationSet))
+        append("mirror destination %d\n", mirror.current.destinationPort.value() + 1);
     else append("no mirror destination\n");
     return 0;
+}
+
+} // namespace
+
+int full::convConfigPortMirror_PortMirror_configure_mirror_destination(const PortMirror &current) {
+    trace();
+    return writeDestination({current});
 }
 
 int delta::convConfigPortMirror_PortMirror_configure_mirror_destination(const PortMirror &current,
                                                                         const PortMirror &defaults) {
     trace();
-    if (current.destinationSet == defaults.destinationSet && current.destinationPort == defaults.destinationPort)
-        return 0;
-    if (isOn(current.destinationSet)) append("mirror destination %d\n", current.destinationPort.value() + 1);
-    else append("no mirror destination\n");
-    return 0;
+    return writeDestination({current, defaults});
 }
 
 int full::convConfigPortMirror_PortMirror_configure_mirror_mode() { return trace(); }
 
 namespace {
 
-/// One line of the whole switch and no block of interfaces, though it has a list of ports.
-void appendMirrorSources(const PortBitmap &sources) {
-    const PortWords ports = wordsOf(sources);
-    if (CHECK_HAS_MEMBER_INT(ports.data(), 1)) {
-        append("mirror source ");
-        APPEND_PORT_MEMBER_INT_NUM(ports.data(), 1, portCount);
-        APPEND_NL();
-    } else append("no mirror source\n");
+/// One line of the whole switch and no block, though it lists ports. Bits beyond the last port make a change too.
+int writeSources(const SectionLines<PortMirror> &mirror) {
+    if (!mirror.due(&PortMirror::sources)) return 0;
+    if (const PortSet sources = portsIn(mirror.current.sources); !sources.empty())
+        append("mirror source %s \n", sources);
+    else append("no mirror source\n");
+    return 0;
 }
 
 } // namespace
 
 int full::convConfigPortMirror_PortMirror_configure_mirror_source(const PortMirror &current) {
     trace();
-    appendMirrorSources(current.sources);
-    return 0;
+    return writeSources({current});
 }
 
 int delta::convConfigPortMirror_PortMirror_configure_mirror_source(const PortMirror &current,
                                                                    const PortMirror &defaults) {
     trace();
-    // Bits behind the last port count too.
-    if (!sameBytes(current.sources, defaults.sources)) appendMirrorSources(current.sources);
-    return 0;
+    return writeSources({current, defaults});
 }
 
 // ---------------------------------------------------------------------------------------------------- loop detection
 
+namespace {
+
+int write(const SectionLines<LoopDetection> &loop) {
+    if (g_EEPROM.isType5027()) return 0;
+    loop.onOff(&LoopDetection::enabled, "loop-detection\n", "no loop-detection\n");
+    loop.value(&LoopDetection::interval, "loop-detection interval %d\n");
+    loop.value(&LoopDetection::unlockInterval, "loop-detection unlock-interval %d\n");
+    loop.onOff(&LoopDetection::allVlans, "loop-detection all-vlan\n", "no loop-detection all-vlan\n");
+    // There is no line that would clear a slot.
+    for (std::size_t i = 0; i < std::size(loop.current.vlans); ++i) {
+        const be16 vlan = loop.current.vlans[i];
+        if (vlan.value() != 0 && (loop.full || vlan != loop.defaults.vlans[i]))
+            append("loop-detection vlan-id %d\n", vlan);
+    }
+    return 0;
+}
+
+} // namespace
+
 int full::convConfigLoopDetection_LoopDetection_configure_loop_detection(const LoopDetection &current) {
     trace();
-    if (g_EEPROM.isType5027()) return 0;
-    appendSwitch(isOn(current.enabled), "loop-detection\n", "no loop-detection\n");
-    append("loop-detection interval %d\n", current.interval);
-    append("loop-detection unlock-interval %d\n", current.unlockInterval);
-    appendSwitch(isOn(current.allVlans), "loop-detection all-vlan\n", "no loop-detection all-vlan\n");
-    for (const be16 &vlan : current.vlans)
-        if (vlan.value() != 0) append("loop-detection vlan-id %d\n", vlan);
-    return 0;
+    return write({current});
 }
 
 int delta::convConfigLoopDetection_LoopDetection_configure_loop_detection(const LoopDetection &current,
                                                                           const LoopDetection &defaults) {
     trace();
-    if (g_EEPROM.isType5027()) return 0;
-    if (current.enabled != defaults.enabled)
-        appendSwitch(isOn(current.enabled), "loop-detection\n", "no loop-detection\n");
-    if (current.interval != defaults.interval) append("loop-detection interval %d\n", current.interval);
-    if (current.unlockInterval != defaults.unlockInterval)
-        append("loop-detection unlock-interval %d\n", current.unlockInterval);
-    if (current.allVlans != defaults.allVlans)
-        appendSwitch(isOn(current.allVlans), "loop-detection all-vlan\n", "no loop-detection all-vlan\n");
-    // There is no line that would clear a slot.
-    for (std::size_t i = 0; i < std::size(current.vlans); ++i)
-        if (current.vlans[i].value() != 0 && current.vlans[i] != defaults.vlans[i])
-            append("loop-detection vlan-id %d\n", current.vlans[i]);
-    return 0;
+    return write({current, defaults});
 }
 
 namespace {
 
-void appendLoopDetectionPorts(const PortWords &ports) {
-    appendValueBlocks(ports, {{1, "loop-detection\n"}, {0, "no loop-detection\n"}});
+int writeLoopDetectionPorts(const SectionLines<LoopDetection> &loop) {
+    if (g_EEPROM.isType5027()) return 0;
+    loop.portBlocks(&LoopDetection::ports, "interface %s \n", {{1, "loop-detection\n"}, {0, "no loop-detection\n"}});
+    return 0;
 }
 
 } // namespace
 
 int full::convConfigLoopDetection_LoopDetection_configure_interface_loop_detection(const LoopDetection &current) {
     trace();
-    if (g_EEPROM.isType5027()) return 0;
-    appendLoopDetectionPorts(wordsOf(current.ports));
-    return 0;
+    return writeLoopDetectionPorts({current});
 }
 
 int delta::convConfigLoopDetection_LoopDetection_configure_interface_loop_detection(const LoopDetection &current,
                                                                                     const LoopDetection &defaults) {
     trace();
-    if (g_EEPROM.isType5027()) return 0;
-    if (!samePorts(current.ports, defaults.ports)) appendLoopDetectionPorts(wordsOf(current.ports));
-    return 0;
+    return writeLoopDetectionPorts({current, defaults});
 }
 
 // --------------------------------------------------------------------------------------------- the MAC address table
 
+namespace {
+
+int writeAgingTime(const SectionLines<SwitchConfig> &config) {
+    config.value(&SwitchConfig::macAgingTime, "mac address-table aging-time %d\n");
+    return 0;
+}
+
+} // namespace
+
 int full::convConfigSwitchConfig_SwitchConfig_configure_mac(const SwitchConfig &current) {
     trace();
-    append("mac address-table aging-time %d\n", current.macAgingTime);
-    return 0;
+    return writeAgingTime({current});
 }
 
 int delta::convConfigSwitchConfig_SwitchConfig_configure_mac(const SwitchConfig &current,
                                                              const SwitchConfig &defaults) {
     trace();
-    if (current.macAgingTime != defaults.macAgingTime)
-        append("mac address-table aging-time %d\n", current.macAgingTime);
-    return 0;
+    return writeAgingTime({current, defaults});
 }
 
 namespace {
 
-/// The line of the port is a single number, without the blank of a list.
-void appendStaticMac(const MacEntry &entry) {
-    append("interface %d\n", entry.port + 1);
-    append("mac address-table static-mac %02X:%02X:%02X:%02X:%02X:%02X vlan %d\n", entry.address, entry.vlan);
-    append("exit\n");
+/// Delta mode compares the address: a change of the port or the VLAN alone has no block. The port is a single number,
+/// without the blank of a list.
+int write(const SectionLines<MacTable> &table) {
+    for (std::size_t i = 0; i < std::size(table.current); ++i) {
+        const MacEntry &entry = table.current[i];
+        if (!isOn(entry.inUse) || !table[i].due(&MacEntry::address)) continue;
+        append("interface %d\n", entry.port + 1);
+        append("mac address-table static-mac %02X:%02X:%02X:%02X:%02X:%02X vlan %d\n", entry.address, entry.vlan);
+        append("exit\n");
+    }
+    return 0;
 }
 
 } // namespace
 
 int full::convConfigMacTable_MacTable_configure_interface_mac_address_table(const MacTable &current) {
     trace();
-    for (const MacEntry &entry : current)
-        if (isOn(entry.inUse)) appendStaticMac(entry);
-    return 0;
+    return write({current});
 }
 
 int delta::convConfigMacTable_MacTable_configure_interface_mac_address_table(const MacTable &current,
                                                                              const MacTable &defaults) {
     trace();
-    // A change of the port or the VLAN alone is none.
-    for (std::size_t i = 0; i < std::size(current); ++i)
-        if (isOn(current[i].inUse) && !sameBytes(current[i].address, defaults[i].address)) appendStaticMac(current[i]);
-    return 0;
+    return write({current, defaults});
 }
 
 namespace {
 
-void appendMacLearning(const PortWords &off) {
-    appendValueBlocks(off, {{1, "no mac learning\n"}, {0, "mac learning\n"}});
+/// Delta mode compares the whole record, the word after the ports included.
+int write(const SectionLines<MacLearning> &learning) {
+    if (learning.changed())
+        appendValueBlocks("interface %s \n", valuesOf(learning.current.off),
+                          {{1, "no mac learning\n"}, {0, "mac learning\n"}});
+    return 0;
 }
 
 } // namespace
 
 int full::convConfigSwitchConfig_SwitchConfig_configure_interface_mac_learning(const MacLearning &current) {
     trace();
-    appendMacLearning(wordsOf(current.off));
-    return 0;
+    return write({current});
 }
 
 int delta::convConfigSwitchConfig_SwitchConfig_configure_interface_mac_learning(const MacLearning &current,
                                                                                 const MacLearning &defaults) {
     trace();
-    // All of the record, the word behind the ports included.
-    if (!sameBytes(current, defaults)) appendMacLearning(wordsOf(current.off));
-    return 0;
+    return write({current, defaults});
 }
 
 // -------------------------------------------------------------------------------------------------------------- LLDP
 
+namespace {
+
+int write(const SectionLines<LldpConfig> &lldp) {
+    lldp.value(&LldpConfig::holdTime, "lldp hold-time %d\n");
+    lldp.value(&LldpConfig::interval, "lldp interval %d\n");
+    lldp.value(&LldpConfig::packets, "lldp packets %d\n");
+    lldp.onOff(&LldpConfig::portDescription, "lldp tlv-select port-description\n",
+               "no lldp tlv-select port-description\n");
+    lldp.onOff(&LldpConfig::systemName, "lldp tlv-select system-name\n", "no lldp tlv-select system-name\n");
+    lldp.onOff(&LldpConfig::systemDescription, "lldp tlv-select system-description\n",
+               "no lldp tlv-select system-description\n");
+    lldp.onOff(&LldpConfig::capability, "lldp tlv-select capability\n", "no lldp tlv-select capability\n");
+    lldp.onOff(&LldpConfig::managementAddress, "lldp tlv-select management-address\n",
+               "no lldp tlv-select management-address\n");
+    return 0;
+}
+
+} // namespace
+
 int full::convConfigLLDPConfig_LLDPConfig_configure_lldp(const LldpConfig &current) {
     trace();
-    append("lldp hold-time %d\n", current.holdTime);
-    append("lldp interval %d\n", current.interval);
-    append("lldp packets %d\n", current.packets);
-    appendSwitch(isOn(current.portDescription), "lldp tlv-select port-description\n",
-                 "no lldp tlv-select port-description\n");
-    appendSwitch(isOn(current.systemName), "lldp tlv-select system-name\n", "no lldp tlv-select system-name\n");
-    appendSwitch(isOn(current.systemDescription), "lldp tlv-select system-description\n",
-                 "no lldp tlv-select system-description\n");
-    appendSwitch(isOn(current.capability), "lldp tlv-select capability\n", "no lldp tlv-select capability\n");
-    appendSwitch(isOn(current.managementAddress), "lldp tlv-select management-address\n",
-                 "no lldp tlv-select management-address\n");
-    return 0;
+    return write({current});
 }
 
 int delta::convConfigLLDPConfig_LLDPConfig_configure_lldp(const LldpConfig &current, const LldpConfig &defaults) {
     trace();
-    if (current.holdTime != defaults.holdTime) append("lldp hold-time %d\n", current.holdTime);
-    if (current.interval != defaults.interval) append("lldp interval %d\n", current.interval);
-    if (current.packets != defaults.packets) append("lldp packets %d\n", current.packets);
-    if (current.portDescription != defaults.portDescription)
-        appendSwitch(isOn(current.portDescription), "lldp tlv-select port-description\n",
-                     "no lldp tlv-select port-description\n");
-    if (current.systemName != defaults.systemName)
-        appendSwitch(isOn(current.systemName), "lldp tlv-select system-name\n", "no lldp tlv-select system-name\n");
-    if (current.systemDescription != defaults.systemDescription)
-        appendSwitch(isOn(current.systemDescription), "lldp tlv-select system-description\n",
-                     "no lldp tlv-select system-description\n");
-    if (current.capability != defaults.capability)
-        appendSwitch(isOn(current.capability), "lldp tlv-select capability\n", "no lldp tlv-select capability\n");
-    if (current.managementAddress != defaults.managementAddress)
-        appendSwitch(isOn(current.managementAddress), "lldp tlv-select management-address\n",
-                     "no lldp tlv-select management-address\n");
-    return 0;
+    return write({current, defaults});
 }
 
 namespace {
 
-void appendLldpPorts(const PortWords &ports) { appendValueBlocks(ports, {{1, "lldp\n"}, {0, "no lldp\n"}}); }
+int writeLldpPorts(const SectionLines<LldpConfig> &lldp) {
+    lldp.portBlocks(&LldpConfig::ports, "interface %s \n", {{1, "lldp\n"}, {0, "no lldp\n"}});
+    return 0;
+}
 
 } // namespace
 
 int full::convConfigLLDPConfig_LLDPConfig_configure_interface_lldp(const LldpConfig &current) {
     trace();
-    appendLldpPorts(wordsOf(current.ports));
-    return 0;
+    return writeLldpPorts({current});
 }
 
 int delta::convConfigLLDPConfig_LLDPConfig_configure_interface_lldp(const LldpConfig &current,
                                                                     const LldpConfig &defaults) {
     trace();
-    if (!samePorts(current.ports, defaults.ports)) appendLldpPorts(wordsOf(current.ports));
-    return 0;
+    return writeLldpPorts({current, defaults});
 }

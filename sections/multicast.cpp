@@ -1,182 +1,182 @@
 #include "sections/multicast.h"
 
-#include "app/text/text.h"
-#include "format/address.h"
-#include "format/blocks.h"
+#include "format/section_lines.h"
 #include "platform/board.h"
+#include "platform/util.h"
 
 #include <array>
 #include <iterator>
 
-// ---------------------------------------------------------------------------------------------- global filter switch
+// ---------------------------------------------------------------------------------------------- global filter setting
+
+namespace {
+
+/// It shares its byte with the record of port 1.
+int writeFilterSwitch(const SectionLines<PortFilters> &filters) {
+    const SectionLines<PortFilter> port1 = filters.part(&PortFilters::port)[0];
+    port1.onOff(&PortFilter::filterSwitch, "ip igmp filter\n", "no ip igmp filter\n");
+    return 0;
+}
+
+} // namespace
 
 int full::IGMPFilterFunc_configure_ip_igmp_filter() {
     // Does not trace in this mode.
-    appendSwitch(isOn(gSysConfig->portFilters.filterSwitch()), "ip igmp filter\n", "no ip igmp filter\n");
-    return 0;
+    return writeFilterSwitch({gSysConfig->portFilters});
 }
 
 int delta::IGMPFilterFunc_configure_ip_igmp_filter(const PortFilters &current, const PortFilters &defaults) {
     trace();
-    if (current.filterSwitch() != defaults.filterSwitch())
-        appendSwitch(isOn(current.filterSwitch()), "ip igmp filter\n", "no ip igmp filter\n");
-    return 0;
+    return writeFilterSwitch({current, defaults});
 }
 
 // --------------------------------------------------------------------------------------------- segments and profiles
 
-int full::convConfigIPMCSegment_IPMCSegment_configure_ip_igmp_segment(const MulticastSegmentTable &current) {
-    trace();
-    for (const MulticastSegment &segment : current) {
-        if (!isOn(segment.valid)) continue;
-        append("ip igmp segment %d\n", segment.id);
-        append("name %s\n", segment.name);
-        append("range %d.%d.%d.%d %d.%d.%d.%d\n", segment.first, segment.last);
+namespace {
+
+int write(const SectionLines<MulticastSegmentTable> &table) {
+    for (std::size_t i = 0; i < std::size(table.current); ++i) {
+        const MulticastSegment &current = table.current[i];
+        if (!isOn(current.valid)) continue;
+        const SectionLines<MulticastSegment> segment = table[i];
+        append("ip igmp segment %d\n", current.id);
+        segment.text(&MulticastSegment::name, "name %s\n");
+        // The texts of the addresses are compared, not their bytes.
+        const auto first = [](const MulticastSegment &from) { return textOf(from.first); };
+        const auto last = [](const MulticastSegment &from) { return textOf(from.last); };
+        if (segment.dueBy(first) || segment.dueBy(last))
+            append("range %d.%d.%d.%d %d.%d.%d.%d\n", current.first, current.last);
         append("exit\n");
     }
     return 0;
+}
+
+} // namespace
+
+int full::convConfigIPMCSegment_IPMCSegment_configure_ip_igmp_segment(const MulticastSegmentTable &current) {
+    trace();
+    return write({current});
 }
 
 int delta::convConfigIPMCSegment_IPMCSegment_configure_ip_igmp_segment(const MulticastSegmentTable &current,
                                                                        const MulticastSegmentTable &defaults) {
     trace();
-    for (std::size_t i = 0; i < std::size(current); ++i) {
-        const MulticastSegment &segment = current[i];
-        if (!isOn(segment.valid)) continue;
-        append("ip igmp segment %d\n", segment.id);
-        if (!sameText(segment.name, defaults[i].name)) append("name %s\n", segment.name);
-        const AddressText first = textOf(segment.first);
-        const AddressText last = textOf(segment.last);
-        if (first != textOf(defaults[i].first) || last != textOf(defaults[i].last))
-            append("range %s %s\n", first, last);
+    return write({current, defaults});
+}
+
+namespace {
+
+int write(const SectionLines<MulticastProfileTable> &table) {
+    for (std::size_t i = 0; i < std::size(table.current); ++i) {
+        const MulticastProfile &profile = table.current[i];
+        const MulticastProfile &defaults = table.defaults[i];
+        if (!isOn(profile.valid)) continue;
+        append("ip igmp profile %s\n", profile.name);
+        for (std::size_t slot = 0; slot < std::size(profile.segments); ++slot) {
+            const be16 segment = profile.segments[slot];
+            if (segment.value() != 0 && (table.full || segment != defaults.segments[slot]))
+                append("segment %d\n", segment);
+        }
         append("exit\n");
     }
     return 0;
 }
 
+} // namespace
+
 int full::convConfigIPMCProfile_IPMCProfile_configure_ip_igmp_profile(const MulticastProfileTable &current) {
     trace();
-    for (const MulticastProfile &profile : current) {
-        if (!isOn(profile.valid)) continue;
-        append("ip igmp profile %s\n", profile.name);
-        for (const be16 segment : profile.segments)
-            if (segment.value() != 0) append("segment %d\n", segment);
-        append("exit\n");
-    }
-    return 0;
+    return write({current});
 }
 
 int delta::convConfigIPMCProfile_IPMCProfile_configure_ip_igmp_profile(const MulticastProfileTable &current,
                                                                        const MulticastProfileTable &defaults) {
     trace();
-    for (std::size_t i = 0; i < std::size(current); ++i) {
-        const MulticastProfile &profile = current[i];
-        if (!isOn(profile.valid)) continue;
-        append("ip igmp profile %s\n", profile.name);
-        for (std::size_t slot = 0; slot < std::size(profile.segments); ++slot) {
-            const be16 segment = profile.segments[slot];
-            if (segment.value() != 0 && segment != defaults[i].segments[slot]) append("segment %d\n", segment);
-        }
-        append("exit\n");
-    }
-    return 0;
+    return write({current, defaults});
 }
 
 // ---------------------------------------------------------------------------------------------------- IGMP snooping
 
 namespace {
 
-/// Which ports lead to a multicast router and which do not: global lines, not interface blocks, though they list ports.
-void appendRouterPorts(const IgmpSnooping &igmp) {
-    const PortWords isRouterPort = wordsOf(igmp.routerPorts);
-    if (CHECK_HAS_MEMBER_INT(isRouterPort.data(), 1) != 0)
-        appendPortLine("ip igmp snooping mcast-router ", isRouterPort.data(), 1, portCount, " \n");
-    if (CHECK_HAS_MEMBER_INT(isRouterPort.data(), 0) != 0)
-        appendPortLine("no ip igmp snooping mcast-router ", isRouterPort.data(), 0, portCount, " \n");
+int writeSnooping(const SectionLines<IgmpSnooping> &igmp) {
+    if (g_EEPROM.isType5027()) return 0;
+    igmp.onOff(&IgmpSnooping::enabled, "ip igmp snooping\n", "no ip igmp snooping\n");
+    igmp.onOff(&IgmpSnooping::version3, "ip igmp snooping version-3\n", "no ip igmp snooping version-3\n");
+    igmp.onOff(&IgmpSnooping::flooding, "ip igmp snooping flooding\n", "no ip igmp snooping flooding\n");
+    if (igmp.due(&IgmpSnooping::routerPorts)) {
+        // Lines of the whole switch and no blocks, though they list ports.
+        const PortValues<portCount> isRouterPort = valuesOf(igmp.current.routerPorts);
+        const PortSet routerPorts = portsWith(isRouterPort, 1);
+        const PortSet others = portsWith(isRouterPort, 0);
+        if (!routerPorts.empty()) append("ip igmp snooping mcast-router %s \n", routerPorts);
+        if (!others.empty()) append("no ip igmp snooping mcast-router %s \n", others);
+    }
+    return 0;
 }
 
 } // namespace
 
 int full::convConfigIGMPConfig_IGMPConfig_configure_ip_igmp(const IgmpSnooping &current) {
     trace();
-    if (g_EEPROM.isType5027()) return 0;
-    appendSwitch(isOn(current.enabled), "ip igmp snooping\n", "no ip igmp snooping\n");
-    appendSwitch(isOn(current.version3), "ip igmp snooping version-3\n", "no ip igmp snooping version-3\n");
-    appendSwitch(isOn(current.flooding), "ip igmp snooping flooding\n", "no ip igmp snooping flooding\n");
-    appendRouterPorts(current);
-    return 0;
+    return writeSnooping({current});
 }
 
 int delta::convConfigIGMPConfig_IGMPConfig_configure_ip_igmp(const IgmpSnooping &current,
                                                              const IgmpSnooping &defaults) {
     trace();
+    return writeSnooping({current, defaults});
+}
+
+namespace {
+
+int writeSnoopingSettings(const SectionLines<IgmpSnooping> &igmp) {
     if (g_EEPROM.isType5027()) return 0;
-    if (current.enabled != defaults.enabled)
-        appendSwitch(isOn(current.enabled), "ip igmp snooping\n", "no ip igmp snooping\n");
-    if (current.version3 != defaults.version3)
-        appendSwitch(isOn(current.version3), "ip igmp snooping version-3\n", "no ip igmp snooping version-3\n");
-    if (current.flooding != defaults.flooding)
-        appendSwitch(isOn(current.flooding), "ip igmp snooping flooding\n", "no ip igmp snooping flooding\n");
-    if (!sameBytes(current.routerPorts, defaults.routerPorts)) appendRouterPorts(current);
+    igmp.onOff(&IgmpSnooping::immediateLeave, "ip igmp snooping immediate-leave\n",
+               "no ip igmp snooping immediate-leave\n");
+    igmp.value(&IgmpSnooping::maxResponseTime, "ip igmp snooping max-response-time %d\n");
+    igmp.value(&IgmpSnooping::queryInterval, "ip igmp snooping query-interval %d\n");
     return 0;
 }
 
+} // namespace
+
 int full::convConfigIGMPSetting_IGMPSetting_configure_ip_igmp_snooping(const IgmpSnooping &current) {
     trace();
-    if (g_EEPROM.isType5027()) return 0;
-    appendSwitch(isOn(current.immediateLeave), "ip igmp snooping immediate-leave\n",
-                 "no ip igmp snooping immediate-leave\n");
-    append("ip igmp snooping max-response-time %d\n", current.maxResponseTime);
-    append("ip igmp snooping query-interval %d\n", current.queryInterval);
-    return 0;
+    return writeSnoopingSettings({current});
 }
 
 int delta::convConfigIGMPSetting_IGMPSetting_configure_ip_igmp_snooping(const IgmpSnooping &current,
                                                                         const IgmpSnooping &defaults) {
     trace();
-    if (g_EEPROM.isType5027()) return 0;
-    if (current.immediateLeave != defaults.immediateLeave)
-        appendSwitch(isOn(current.immediateLeave), "ip igmp snooping immediate-leave\n",
-                     "no ip igmp snooping immediate-leave\n");
-    if (current.maxResponseTime != defaults.maxResponseTime)
-        append("ip igmp snooping max-response-time %d\n", current.maxResponseTime);
-    if (current.queryInterval != defaults.queryInterval)
-        append("ip igmp snooping query-interval %d\n", current.queryInterval);
-    return 0;
+    return writeSnoopingSettings({current, defaults});
 }
 
 // ------------------------------------------------------------------------------------------------- filters of ports
 
 namespace {
 
-/// Port marks begin as words of four bytes 1. That is neither 0 nor the 1 of a marked port, so it is in no list.
-constexpr std::uint32_t unmarked = 0x01010101;
-
 /// The ports of an image grouped by equal maximum. A walk over the ports asks each in turn for the group that it leads.
 class MaximumGroups {
 public:
-    explicit MaximumGroups(const PortFilters &filters) : maximum_(wordsOf(filters.port, &PortFilter::maxGroups)) {}
+    explicit MaximumGroups(const PortFilters &filters) : maximum_(valuesOf(filters.port, &PortFilter::maxGroups)) {}
 
     /// Marks the group that `port` leads. False, with no port marked, where an earlier port leads its group.
     bool form(std::size_t port) {
-        marks_.fill(unmarked);
-        if (joined_[port]) return false;
-        marks_[port] = 1;
-        for (std::size_t later = port + 1; later < portCount; ++later) {
-            if (maximum_[later] != maximum_[port]) continue;
-            marks_[later] = 1;
-            joined_[later] = true;
-        }
+        marks_ = {};
+        if (joined_.has(port)) return false;
+        marks_ = portsWith(maximum_, maximum_[port]);
+        joined_.bits |= marks_.bits;
         return true;
     }
 
-    const PortWords &marks() const { return marks_; }
+    PortSet marks() const { return marks_; }
     std::uint32_t maximumOf(std::size_t port) const { return maximum_[port]; }
 
 private:
-    PortWords maximum_;
-    PortWords marks_ = {};
-    std::array<bool, portCount> joined_ = {};
+    PortValues<portCount> maximum_;
+    PortSet marks_;
+    PortSet joined_;
 };
 
 /// The profile slots of an image grouped by equal name. A walk over the ports and their slots asks each slot in turn
@@ -189,25 +189,25 @@ public:
 
     /// Forgets the marks. Once for each port, not for each slot: the group of a later slot of the same port also lists
     /// the ports of its earlier slots.
-    void beginPort() { marks_.fill(unmarked); }
+    void beginPort() { marks_ = {}; }
 
     /// Adds the group that `slot` of `port` leads to the marks. False, with the marks as they were left, where the slot
     /// is empty or an earlier port leads its group.
     bool form(std::size_t port, std::size_t slot) {
-        if (joined_[port][slot] || isEmpty(nameOf(port, slot))) return false;
-        marks_[port] = 1;
+        if (joined_[slot].has(port) || isEmpty(nameOf(port, slot))) return false;
+        marks_.add(port);
         for (std::size_t later = port + 1; later < portCount; ++later) {
             for (std::size_t of = 0; of < slots; ++of) {
                 // A slot that joined a group before is asked all the same.
                 if (!sameText(nameOf(later, of), nameOf(port, slot))) continue;
-                marks_[later] = 1;
-                joined_[later][of] = true;
+                marks_.add(later);
+                joined_[of].add(later);
             }
         }
         return true;
     }
 
-    const PortWords &marks() const { return marks_; }
+    PortSet marks() const { return marks_; }
     const Text<24> &nameOf(std::size_t port, std::size_t slot) const { return filters_.port[port].profile[slot]; }
 
 private:
@@ -215,29 +215,35 @@ private:
     static bool isEmpty(const Text<24> &name) { return name.characters[0] == ' ' && name.characters[1] == '\0'; }
 
     const PortFilters &filters_;
-    PortWords marks_ = {};
-    bool joined_[portCount][slots] = {};
+    PortSet marks_;
+    PortSet joined_[slots];
 };
 
-void appendMaximum(const PortWords &marks, std::uint32_t maximum) {
-    appendInterface(marks, 1);
+void appendEnabled(const PortValues<portCount> &enabled) {
+    appendValueBlocks("interface %s \n", enabled, {{0, "no ip igmp filter\n"}, {1, "ip igmp filter\n"}});
+}
+
+void appendMaximum(PortSet ports, std::uint32_t maximum) {
+    append("interface %s \n", ports);
     append("ip igmp max-groups %d\n", maximum);
     append("exit\n");
 }
 
-void appendProfile(const PortWords &marks, const Text<24> &name) {
-    appendInterface(marks, 1);
+void appendProfile(PortSet ports, const Text<24> &name) {
+    append("interface %s \n", ports);
     append("ip igmp filter profile %s\n", name);
     append("exit\n");
 }
 
 } // namespace
 
+// Delta mode walks both images in step. A group is compared with what the default image has marked at the same port and
+// slot: its own group, or, where it forms none there, the marks as they were left.
+
 int full::IGMPFilterFunc_configure_interface_ip_igmp_filter() {
     // Does not trace in this mode.
     const PortFilters &current = gSysConfig->portFilters;
-    appendValueBlocks(wordsOf(current.port, &PortFilter::enabled),
-                      {{0, "no ip igmp filter\n"}, {1, "ip igmp filter\n"}});
+    appendEnabled(valuesOf(current.port, &PortFilter::enabled));
 
     MaximumGroups maxima(current);
     for (std::size_t port = 0; port < portCount; ++port)
@@ -252,36 +258,33 @@ int full::IGMPFilterFunc_configure_interface_ip_igmp_filter() {
     return 0;
 }
 
-// Both images are walked in step. A group is compared with what the default image has marked at the same port and slot:
-// its own group, or, where it forms none there, the marks as they were left.
 int delta::IGMPFilterFunc_configure_interface_ip_igmp_filter() {
     trace();
     const PortFilters &current = gSysConfig->portFilters;
     const PortFilters &defaults = gDefConfig->portFilters;
-    const PortWords enabled = wordsOf(current.port, &PortFilter::enabled);
-    if (enabled != wordsOf(defaults.port, &PortFilter::enabled))
-        appendValueBlocks(enabled, {{0, "no ip igmp filter\n"}, {1, "ip igmp filter\n"}});
+    const PortValues<portCount> enabled = valuesOf(current.port, &PortFilter::enabled);
+    if (enabled != valuesOf(defaults.port, &PortFilter::enabled)) appendEnabled(enabled);
 
     MaximumGroups maxima(current);
-    MaximumGroups standardMaxima(defaults);
+    MaximumGroups defaultMaxima(defaults);
     for (std::size_t port = 0; port < portCount; ++port) {
         const bool formed = maxima.form(port);
-        standardMaxima.form(port);
+        defaultMaxima.form(port);
         const bool same =
-            maxima.marks() == standardMaxima.marks() && maxima.maximumOf(port) == standardMaxima.maximumOf(port);
+            maxima.marks() == defaultMaxima.marks() && maxima.maximumOf(port) == defaultMaxima.maximumOf(port);
         if (formed && !same) appendMaximum(maxima.marks(), maxima.maximumOf(port));
     }
 
     ProfileGroups profiles(current);
-    ProfileGroups standardProfiles(defaults);
+    ProfileGroups defaultProfiles(defaults);
     for (std::size_t port = 0; port < portCount; ++port) {
         profiles.beginPort();
-        standardProfiles.beginPort();
+        defaultProfiles.beginPort();
         for (std::size_t slot = 0; slot < ProfileGroups::slots; ++slot) {
             const bool formed = profiles.form(port, slot);
-            standardProfiles.form(port, slot);
-            const bool same = profiles.marks() == standardProfiles.marks() &&
-                              sameText(profiles.nameOf(port, slot), standardProfiles.nameOf(port, slot));
+            defaultProfiles.form(port, slot);
+            const bool same = profiles.marks() == defaultProfiles.marks() &&
+                              sameText(profiles.nameOf(port, slot), defaultProfiles.nameOf(port, slot));
             if (formed && !same) appendProfile(profiles.marks(), profiles.nameOf(port, slot));
         }
     }
@@ -290,27 +293,15 @@ int delta::IGMPFilterFunc_configure_interface_ip_igmp_filter() {
 
 // -------------------------------------------------------------------------------------------------- static multicast
 
-int full::convConfigMulticastTable_MulticastTable_configure_interface_ip_igmp_static_multicast_ip(
-    const MulticastTable &current) {
-    trace();
-    for (const MulticastEntry &entry : current) {
-        if (!isOn(entry.valid)) continue;
-        append("interface %d\n", entry.port + 1);
-        append("ip igmp static-multicast-ip %s vlan %d\n", ipv4First(entry.address, entry.addressIpv6), entry.vlan);
-        append("exit\n");
-    }
-    return 0;
-}
+namespace {
 
-// Only the address decides: an entry that moved to another port or VLAN is not written.
-int delta::convConfigMulticastTable_MulticastTable_configure_interface_ip_igmp_static_multicast_ip(
-    const MulticastTable &current, const MulticastTable &defaults) {
-    trace();
-    for (std::size_t i = 0; i < std::size(current); ++i) {
-        const MulticastEntry &entry = current[i];
+/// Delta mode compares the address alone: an entry that moved to another port or VLAN is not written.
+int write(const SectionLines<MulticastTable> &table) {
+    for (std::size_t i = 0; i < std::size(table.current); ++i) {
+        const MulticastEntry &entry = table.current[i];
         if (!isOn(entry.valid)) continue;
         const AddressText address = ipv4First(entry.address, entry.addressIpv6);
-        if (address == ipv4First(defaults[i].address, defaults[i].addressIpv6)) continue;
+        if (!table.full && address == ipv4First(table.defaults[i].address, table.defaults[i].addressIpv6)) continue;
         append("interface %d\n", entry.port + 1);
         append("ip igmp static-multicast-ip %s vlan %d\n", address, entry.vlan);
         append("exit\n");
@@ -318,44 +309,53 @@ int delta::convConfigMulticastTable_MulticastTable_configure_interface_ip_igmp_s
     return 0;
 }
 
+} // namespace
+
+int full::convConfigMulticastTable_MulticastTable_configure_interface_ip_igmp_static_multicast_ip(
+    const MulticastTable &current) {
+    trace();
+    return write({current});
+}
+
+int delta::convConfigMulticastTable_MulticastTable_configure_interface_ip_igmp_static_multicast_ip(
+    const MulticastTable &current, const MulticastTable &defaults) {
+    trace();
+    return write({current, defaults});
+}
+
 // ----------------------------------------------------------------------------------------- IGMP snooping of the VLANs
 
 namespace {
 
-/// VLANs 1 to 4094 are written when they have a record in use; 0 and 4095 are none.
+/// VLANs 1 to 4094 are written when they have a record in use; 0 and 4095 are not.
 constexpr int firstVlan = 1;
 constexpr int lastVlan = 4094;
+
+int write(const SectionLines<IgmpVlans> &vlans) {
+    for (int vlan = firstVlan; vlan <= lastVlan; ++vlan) {
+        if (utilBitmapCheck(vlans.current.inUse.bytes, vlan) != 1) continue;
+        const SectionLines<IgmpVlan> igmp = vlans.part(&IgmpVlans::vlan)[static_cast<std::size_t>(vlan)];
+        if (igmp.due(&IgmpVlan::snooping)) {
+            if (isOn(igmp.current.snooping)) append("ip igmp snooping vlan %d\n", vlan);
+            else append("no ip igmp snooping vlan %d\n", vlan);
+        }
+        if (igmp.due(&IgmpVlan::querier)) {
+            if (isOn(igmp.current.querier)) append("ip igmp snooping vlan %d query\n", vlan);
+            else append("no ip igmp snooping vlan %d query\n", vlan);
+        }
+    }
+    return 0;
+}
 
 } // namespace
 
 int full::convConfigIGMPVIDSetting_IGMPVIDSetting_configure_ip_igmp(const IgmpVlans &current) {
     trace();
-    for (int vlan = firstVlan; vlan <= lastVlan; ++vlan) {
-        if (utilBitmapCheck(current.inUse.bytes, vlan) != 1) continue;
-        const IgmpVlan &igmp = current.vlan[vlan];
-        if (isOn(igmp.snooping)) append("ip igmp snooping vlan %d\n", vlan);
-        else append("no ip igmp snooping vlan %d\n", vlan);
-        if (isOn(igmp.querier)) append("ip igmp snooping vlan %d query\n", vlan);
-        else append("no ip igmp snooping vlan %d query\n", vlan);
-    }
-    return 0;
+    return write({current});
 }
 
 int delta::convConfigIGMPVIDSetting_IGMPVIDSetting_configure_ip_igmp(const IgmpVlans &current,
                                                                      const IgmpVlans &defaults) {
     trace();
-    for (int vlan = firstVlan; vlan <= lastVlan; ++vlan) {
-        if (utilBitmapCheck(current.inUse.bytes, vlan) != 1) continue;
-        const IgmpVlan &igmp = current.vlan[vlan];
-        const IgmpVlan &standard = defaults.vlan[vlan];
-        if (igmp.snooping != standard.snooping) {
-            if (isOn(igmp.snooping)) append("ip igmp snooping vlan %d\n", vlan);
-            else append("no ip igmp snooping vlan %d\n", vlan);
-        }
-        if (igmp.querier != standard.querier) {
-            if (isOn(igmp.querier)) append("ip igmp snooping vlan %d query\n", vlan);
-            else append("no ip igmp snooping vlan %d query\n", vlan);
-        }
-    }
-    return 0;
+    return write({current, defaults});
 }

@@ -1,8 +1,6 @@
 #include "sections/snmp.h"
 
-#include "app/text/text.h"
-#include "format/address.h"
-#include "format/blocks.h"
+#include "format/section_lines.h"
 #include "platform/board.h"
 #include "platform/util.h"
 
@@ -10,74 +8,74 @@
 
 // ---------------------------------------------------------------------------------------------------------- agent
 
+namespace {
+
+int write(const SectionLines<ServiceConfig> &service) {
+    service.onOff(&ServiceConfig::snmpEnabled, "snmp-server\n", "no snmp-server\n");
+    return 0;
+}
+
+} // namespace
+
 int full::convConfigServiceConfig_mid_sys_service_cfg_configure_snmp_server(const ServiceConfig &current) {
     trace();
-    appendSwitch(isOn(current.snmpEnabled), "snmp-server\n", "no snmp-server\n");
-    return 0;
+    return write({current});
 }
 
 int delta::convConfigServiceConfig_mid_sys_service_cfg_configure_snmp_server(const ServiceConfig &current,
                                                                              const ServiceConfig &defaults) {
     trace();
-    if (current.snmpEnabled != defaults.snmpEnabled)
-        appendSwitch(isOn(current.snmpEnabled), "snmp-server\n", "no snmp-server\n");
-    return 0;
+    return write({current, defaults});
 }
 
 // ---------------------------------------------------------------------------------------------------- communities
 
 namespace {
 
-/// The line of an access level that is set, in both modes alike.
-void appendLevel(u8 level) {
-    switch (level) {
-    case 0: break;
-    case 1: append("level ro\n"); break;
-    case 2: append("level rw\n"); break;
-    case 3: append("level admin\n"); break;
-    default: append("level unknown\n");
-    }
+void appendRemoval(const Community &community) { append("no snmp-server community %s\n", community.name); }
+
+/// The lines of a community after its head, up to and with "exit". A level that is not set has no line.
+void writeBody(const SectionLines<Community> &community) {
+    const Community &current = community.current;
+    community.onOff(&Community::active, "active\n", "no active\n");
+    const bool changed = community.full ||
+                         !sameText(current.description, community.defaults.description, Community::comparedDescription);
+    if (changed && !current.description.empty()) append("description %s\n", current.description);
+    if (community.due(&Community::level) && current.level != 0 &&
+        !appendValueLine(current.level, {{1, "level ro\n"}, {2, "level rw\n"}, {3, "level admin\n"}}))
+        append("level unknown\n");
+    append("exit\n");
 }
+
+void appendHead(const Community &community) { append("snmp-server community %s\n", community.name); }
 
 } // namespace
 
+// Full mode removes every community of the default image first, also one that the current image has too. A community
+// without a name has no head there, but its body all the same; in delta mode it is left out.
+
 int full::convConfigAgent_Agent_configure_snmp_server(const CommunityTable &current, const CommunityTable &defaults) {
     trace();
-    // Every factory community is removed first, also where the current one is the same.
     for (const Community &community : defaults)
-        if (isOn(community.inUse) && !community.name.empty()) append("no snmp-server community %s\n", community.name);
-
+        if (isOn(community.inUse) && !community.name.empty()) appendRemoval(community);
     for (const Community &community : current) {
         if (!isOn(community.inUse)) continue;
-        // Without a name there is no header line, but the body all the same.
-        if (!community.name.empty()) append("snmp-server community %s\n", community.name);
-        appendSwitch(isOn(community.active), "active\n", "no active\n");
-        if (!community.description.empty()) append("description %s\n", community.description);
-        appendLevel(community.level);
-        append("exit\n");
+        if (!community.name.empty()) appendHead(community);
+        writeBody({community});
     }
     return 0;
 }
 
 int delta::convConfigAgent_Agent_configure_snmp_server(const CommunityTable &current, const CommunityTable &defaults) {
     trace();
-    for (std::size_t i = 0; i < std::size(current); ++i) {
-        const Community &byDefault = defaults[i];
-        if (isOn(byDefault.inUse) && !byDefault.name.empty() && !sameText(byDefault.name, current[i].name))
-            append("no snmp-server community %s\n", byDefault.name);
-    }
-
+    for (std::size_t i = 0; i < std::size(current); ++i)
+        if (isOn(defaults[i].inUse) && !defaults[i].name.empty() && !sameText(defaults[i].name, current[i].name))
+            appendRemoval(defaults[i]);
     for (std::size_t i = 0; i < std::size(current); ++i) {
         const Community &community = current[i];
-        const Community &byDefault = defaults[i];
-        if (sameBytes(community, byDefault) || !isOn(community.inUse) || community.name.empty()) continue;
-        append("snmp-server community %s\n", community.name);
-        if (community.active != byDefault.active) appendSwitch(isOn(community.active), "active\n", "no active\n");
-        if (!sameText(community.description, byDefault.description, Community::comparedDescription) &&
-            !community.description.empty())
-            append("description %s\n", community.description);
-        if (community.level != byDefault.level) appendLevel(community.level);
-        append("exit\n");
+        if (!isOn(community.inUse) || community.name.empty() || sameBytes(community, defaults[i])) continue;
+        appendHead(community);
+        writeBody({community, defaults[i]});
     }
     return 0;
 }
@@ -86,42 +84,33 @@ int delta::convConfigAgent_Agent_configure_snmp_server(const CommunityTable &cur
 
 namespace {
 
-AddressText addressOf(const TrapDestination &destination) {
-    return ipv4First(destination.address, destination.addressIpv6);
+int write(const SectionLines<TrapDestinationTable> &table) {
+    for (std::size_t i = 0; i < std::size(table.current); ++i) {
+        const auto destination = table[i];
+        const TrapDestination &current = destination.current;
+        if (!isOn(current.inUse) || !destination.changed()) continue;
+        append("snmp-server trap-destination %d\n", static_cast<int>(i + 1));
+        destination.onOff(&TrapDestination::active, "active\n", "no active\n");
+        if (destination.due(&TrapDestination::community) && !current.community.empty())
+            append("community %s\n", current.community);
+        const auto address = [](const TrapDestination &from) { return ipv4First(from.address, from.addressIpv6); };
+        if (destination.dueBy(address)) append("destination %s\n", address(current));
+        append("exit\n");
+    }
+    return 0;
 }
 
 } // namespace
 
 int full::convConfigTrapDest_TrapDest_configure_snmp_server(const TrapDestinationTable &current) {
     trace();
-    for (std::size_t i = 0; i < std::size(current); ++i) {
-        const TrapDestination &destination = current[i];
-        if (!isOn(destination.inUse)) continue;
-        append("snmp-server trap-destination %d\n", static_cast<int>(i + 1));
-        appendSwitch(isOn(destination.active), "active\n", "no active\n");
-        if (!destination.community.empty()) append("community %s\n", destination.community);
-        append("destination %s\n", addressOf(destination));
-        append("exit\n");
-    }
-    return 0;
+    return write({current});
 }
 
 int delta::convConfigTrapDest_TrapDest_configure_snmp_server(const TrapDestinationTable &current,
                                                              const TrapDestinationTable &defaults) {
     trace();
-    for (std::size_t i = 0; i < std::size(current); ++i) {
-        const TrapDestination &destination = current[i];
-        const TrapDestination &byDefault = defaults[i];
-        if (sameBytes(destination, byDefault) || !isOn(destination.inUse)) continue;
-        append("snmp-server trap-destination %d\n", static_cast<int>(i + 1));
-        if (destination.active != byDefault.active) appendSwitch(isOn(destination.active), "active\n", "no active\n");
-        if (!sameText(destination.community, byDefault.community) && !destination.community.empty())
-            append("community %s\n", destination.community);
-        if (const AddressText address = addressOf(destination); address != addressOf(byDefault))
-            append("destination %s\n", address);
-        append("exit\n");
-    }
-    return 0;
+    return write({current, defaults});
 }
 
 // ----------------------------------------------------------------------------------------------------- trap types
@@ -131,17 +120,19 @@ namespace {
 /// A type of trap on this board: its flag as stored, in the current and in the default image, and its two lines.
 struct TrapType {
     bool fitted; ///< the board has the hardware; a type without it is neither written nor counted
-    u8 flag;
-    u8 byDefault;
+    u8 current;
+    u8 defaults;
     Line on;
     Line off;
 };
 
-/// Calls `visit` for each type that the board has, in output order, which is not that of the record.
-template <class Visit> void forEachTrapType(const TrapConfig &current, const TrapConfig &defaults, Visit visit) {
-    const auto portLink = [](const TrapConfig &traps) {
-        return static_cast<u8>(utilBitmapCheck(traps.portLink.bytes, 0) != 0);
-    };
+u8 portLink(const TrapConfig &traps) { return static_cast<u8>(utilBitmapCheck(traps.portLink.bytes, 0) != 0); }
+
+/// If the types agree there is one line for all of them. `current` and `defaults` are the same record in full mode.
+int write(const SectionLines<TrapConfig> &traps) {
+    const TrapConfig &current = traps.current;
+    const TrapConfig &defaults = traps.defaults;
+    // The order is that of the text, not that of the record.
     const TrapType types[] = {
         {true, current.coldStart, defaults.coldStart, "snmp-server trap-type cold-start\n",
          "no snmp-server trap-type cold-start\n"},
@@ -166,41 +157,34 @@ template <class Visit> void forEachTrapType(const TrapConfig &current, const Tra
         {true, current.stormControl, defaults.stormControl, "snmp-server trap-type storm-control\n",
          "no snmp-server trap-type storm-control\n"},
     };
-    for (const TrapType &type : types)
-        if (type.fitted) visit(type);
-}
-
-/// Appends the one line for all types if they agree; false if they do not.
-bool appendAllTrapTypes(const TrapConfig &current) {
     bool allOn = true;
     bool allOff = true;
-    forEachTrapType(current, current, [&](const TrapType &type) {
-        allOn = allOn && isOn(type.flag);
-        allOff = allOff && !isOn(type.flag);
-    });
+    for (const TrapType &type : types) {
+        if (!type.fitted) continue;
+        allOn = allOn && isOn(type.current);
+        allOff = allOff && !isOn(type.current);
+    }
     if (allOn) append("snmp-server trap-type all\n");
     else if (allOff) append("no snmp-server trap-type all\n");
-    return allOn || allOff;
+    if (allOn || allOff) return 0;
+    for (const TrapType &type : types)
+        if (type.fitted && (traps.full || type.current != type.defaults))
+            append(isOn(type.current) ? type.on : type.off);
+    return 0;
 }
 
 } // namespace
 
 int full::convConfigTrapConfig_TrapConfig_configure_snmp_server(const TrapConfig &current) {
     trace();
-    if (appendAllTrapTypes(current)) return 0;
-    forEachTrapType(current, current, [](const TrapType &type) { appendSwitch(isOn(type.flag), type.on, type.off); });
-    return 0;
+    return write({current});
 }
 
 int delta::convConfigTrapConfig_TrapConfig_configure_snmp_server(const TrapConfig &current,
                                                                  const TrapConfig &defaults) {
     trace();
-    // Any byte of the record opens the section, also one that no type reads.
+    // Any byte of the record makes a change, also one that no type reads.
     const bool samePoe = !g_EEPROM.hasPoe() || gSysConfig->poe.traps == gDefConfig->poe.traps;
     if (sameBytes(current, defaults) && samePoe) return 0;
-    if (appendAllTrapTypes(current)) return 0;
-    forEachTrapType(current, defaults, [](const TrapType &type) {
-        if (type.flag != type.byDefault) appendSwitch(isOn(type.flag), type.on, type.off);
-    });
-    return 0;
+    return write({current, defaults});
 }

@@ -1,8 +1,6 @@
 #include "sections/users.h"
 
-#include "app/text/text.h"
-#include "format/address.h"
-#include "format/blocks.h"
+#include "format/section_lines.h"
 #include "platform/mapi.h"
 
 #include <cstring>
@@ -25,33 +23,35 @@ void fillPasswordMd5(User &user) {
     user.passwordMd5 = md5;
 }
 
-/// Both modes write the same line for a level. "not supported" stands in place of the line, without "level".
-void appendLevel(u8 level) {
-    switch (level) {
-    case 1: append("level ro\n"); break;
-    case 2: append("level rw\n"); break;
-    case 3: append("level admin\n"); break;
-    default: append("not supported\n");
-    }
+void appendRemoval(const User &user) { append("no user name %s\n", user.name); }
+void appendPassword(const Secret<24> &password) { append("password %s\n", password); }
+
+void appendHead(const User &user) { append("user name %s\n", user.name); }
+
+/// The lines between the password and the description. An unknown level has a line of its own kind, without "level".
+void writeLevelAndState(const SectionLines<User> &user) {
+    user.code(&User::level, {{1, "level ro\n"}, {2, "level rw\n"}, {3, "level admin\n"}}, "not supported\n");
+    user.onOff(&User::active, "active\n", "no active\n");
 }
 
 } // namespace
 
+// Full mode removes every account of the default image first, also one that the current image has too. In delta mode
+// an account of the default image is in use only with exactly 1, an account counts as changed by its head alone, and an
+// empty description is removed.
+
 int full::convConfigUser_mid_userauth_index_configure_user(UserTable &current, const UserTable &defaults) {
     trace();
-    // Every factory account is removed first, also where the current one is the same.
     for (const User &user : defaults)
-        if (isOn(user.inUse)) append("no user name %s\n", user.name);
-
+        if (isOn(user.inUse)) appendRemoval(user);
     for (User &user : current) {
         if (!isOn(user.inUse)) continue;
-        append("user name %s\n", user.name);
+        appendHead(user);
         if (passwordsAreMd5()) {
             fillPasswordMd5(user);
-            append("password %s\n", user.passwordMd5);
-        } else if (!user.password.empty()) append("password %s\n", user.password);
-        appendLevel(user.level);
-        appendSwitch(isOn(user.active), "active\n", "no active\n");
+            appendPassword(user.passwordMd5);
+        } else if (!user.password.empty()) appendPassword(user.password);
+        writeLevelAndState({user});
         if (!user.description.empty()) append("description %s\n", user.description);
         append("exit\n");
     }
@@ -60,25 +60,20 @@ int full::convConfigUser_mid_userauth_index_configure_user(UserTable &current, c
 
 int delta::convConfigUser_mid_userauth_index_configure_user(UserTable &current, const UserTable &defaults) {
     trace();
-    for (std::size_t i = 0; i < std::size(current); ++i) {
-        const User &byDefault = defaults[i];
-        // In use means exactly 1 here; everywhere else any value but 0 does.
-        if (byDefault.inUse == 1 && !byDefault.name.empty() && !sameText(byDefault.name, current[i].name))
-            append("no user name %s\n", byDefault.name);
-    }
-
+    for (std::size_t i = 0; i < std::size(current); ++i)
+        if (defaults[i].inUse == 1 && !defaults[i].name.empty() && !sameText(defaults[i].name, current[i].name))
+            appendRemoval(defaults[i]);
     for (std::size_t i = 0; i < std::size(current); ++i) {
         User &user = current[i];
         const User &byDefault = defaults[i];
         if (!isOn(user.inUse) || sameLeadingBytes(user, byDefault, User::comparedHead)) continue;
-        append("user name %s\n", user.name);
+        appendHead(user);
         if (passwordsAreMd5()) {
             fillPasswordMd5(user);
-            if (!sameText(user.passwordMd5, byDefault.passwordMd5)) append("password %s\n", user.passwordMd5);
+            if (!sameText(user.passwordMd5, byDefault.passwordMd5)) appendPassword(user.passwordMd5);
         } else if (!sameText(user.password, byDefault.password) && !user.password.empty())
-            append("password %s\n", user.password);
-        if (user.level != byDefault.level) appendLevel(user.level);
-        if (user.active != byDefault.active) appendSwitch(isOn(user.active), "active\n", "no active\n");
+            appendPassword(user.password);
+        writeLevelAndState({user, byDefault});
         if (!sameText(user.description, byDefault.description, User::comparedDescription)) {
             if (user.description.empty()) append("no description\n");
             else append("description %s\n", user.description);
@@ -88,15 +83,17 @@ int delta::convConfigUser_mid_userauth_index_configure_user(UserTable &current, 
     return 0;
 }
 
+// Delta mode has no default to compare with, and no "no" form.
+
 int full::convConfigUser_PasswordEncryption_configure_user() {
     trace();
-    appendSwitch(passwordsAreMd5(), "user password-encryption md5\n", "no user password-encryption\n");
+    if (passwordsAreMd5()) append("user password-encryption md5\n");
+    else append("no user password-encryption\n");
     return 0;
 }
 
 int delta::convConfigUser_PasswordEncryption_configure_user() {
     trace();
-    // There is no default to compare with, and no "no" form.
     if (passwordsAreMd5()) append("user password-encryption md5\n");
     return 0;
 }
@@ -105,58 +102,49 @@ int delta::convConfigUser_PasswordEncryption_configure_user() {
 
 namespace {
 
-AddressText serverOf(const AuthenticationClient &client, std::size_t index) {
-    return ipv6First(client.server[index], client.serverIpv6[index]);
+AddressText server1Of(const AuthenticationClient &client) { return ipv6First(client.server[0], client.serverIpv6[0]); }
+AddressText server2Of(const AuthenticationClient &client) { return ipv6First(client.server[1], client.serverIpv6[1]); }
+
+int writeRadius(const SectionLines<AuthenticationClient> &radius) {
+    radius.onOff(&AuthenticationClient::enabled, "user radius\n", "no user radius\n");
+    radius.text(&AuthenticationClient::secret, "user radius secret %s\n");
+    radius.value(&AuthenticationClient::port, "user radius radius-port %d\n");
+    radius.value(&AuthenticationClient::retryTime, "user radius retry-time %d\n");
+    radius.server(server1Of, "user radius server1 %s\n", {"no user radius server1 \n", "no user radius server1\n"});
+    radius.server(server2Of, "user radius server2 %s\n", {"no user radius server2 \n", "no user radius server2\n"});
+    return 0;
+}
+
+int writeTacacs(const SectionLines<AuthenticationClient> &tacacs) {
+    tacacs.onOff(&AuthenticationClient::enabled, "user tacacs\n", "no user tacacs\n");
+    tacacs.text(&AuthenticationClient::secret, "user tacacs secret %s\n");
+    tacacs.value(&AuthenticationClient::port, "user tacacs tacacs-port %d\n");
+    tacacs.value(&AuthenticationClient::retryTime, "user tacacs retry-time %d\n");
+    tacacs.server(server1Of, "user tacacs server1 %s\n", {"no user tacacs server1 \n", "no user tacacs server1\n"});
+    tacacs.server(server2Of, "user tacacs server2 %s\n", {"no user tacacs server2 \n", "no user tacacs server2\n"});
+    return 0;
 }
 
 } // namespace
 
 int full::convConfigRadiusInfo_RadiusInfo_configure_user(const AuthenticationClient &current) {
     trace();
-    appendSwitch(isOn(current.enabled), "user radius\n", "no user radius\n");
-    append("user radius secret %s\n", current.secret);
-    append("user radius radius-port %d\n", current.port);
-    append("user radius retry-time %d\n", current.retryTime);
-    appendServer(serverOf(current, 0), "user radius server1 %s\n", "no user radius server1 \n");
-    appendServer(serverOf(current, 1), "user radius server2 %s\n", "no user radius server2 \n");
-    return 0;
+    return writeRadius({current});
 }
 
 int delta::convConfigRadiusInfo_RadiusInfo_configure_user(const AuthenticationClient &current,
                                                           const AuthenticationClient &defaults) {
     trace();
-    if (current.enabled != defaults.enabled) appendSwitch(isOn(current.enabled), "user radius\n", "no user radius\n");
-    if (!sameText(current.secret, defaults.secret)) append("user radius secret %s\n", current.secret);
-    if (current.port != defaults.port) append("user radius radius-port %d\n", current.port);
-    if (current.retryTime != defaults.retryTime) append("user radius retry-time %d\n", current.retryTime);
-    if (const AddressText server = serverOf(current, 0); server != serverOf(defaults, 0))
-        appendServer(server, "user radius server1 %s\n", "no user radius server1\n");
-    if (const AddressText server = serverOf(current, 1); server != serverOf(defaults, 1))
-        appendServer(server, "user radius server2 %s\n", "no user radius server2\n");
-    return 0;
+    return writeRadius({current, defaults});
 }
 
 int full::convConfigTacacsInfo_Tacacs_configure_user(const AuthenticationClient &current) {
     trace();
-    appendSwitch(isOn(current.enabled), "user tacacs\n", "no user tacacs\n");
-    append("user tacacs secret %s\n", current.secret);
-    append("user tacacs tacacs-port %d\n", current.port);
-    append("user tacacs retry-time %d\n", current.retryTime);
-    appendServer(serverOf(current, 0), "user tacacs server1 %s\n", "no user tacacs server1 \n");
-    appendServer(serverOf(current, 1), "user tacacs server2 %s\n", "no user tacacs server2 \n");
-    return 0;
+    return writeTacacs({current});
 }
 
 int delta::convConfigTacacsInfo_Tacacs_configure_user(const AuthenticationClient &current,
                                                       const AuthenticationClient &defaults) {
     trace();
-    if (current.enabled != defaults.enabled) appendSwitch(isOn(current.enabled), "user tacacs\n", "no user tacacs\n");
-    if (!sameText(current.secret, defaults.secret)) append("user tacacs secret %s\n", current.secret);
-    if (current.port != defaults.port) append("user tacacs tacacs-port %d\n", current.port);
-    if (current.retryTime != defaults.retryTime) append("user tacacs retry-time %d\n", current.retryTime);
-    if (const AddressText server = serverOf(current, 0); server != serverOf(defaults, 0))
-        appendServer(server, "user tacacs server1 %s\n", "no user tacacs server1\n");
-    if (const AddressText server = serverOf(current, 1); server != serverOf(defaults, 1))
-        appendServer(server, "user tacacs server2 %s\n", "no user tacacs server2\n");
-    return 0;
+    return writeTacacs({current, defaults});
 }

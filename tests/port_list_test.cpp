@@ -4,9 +4,11 @@
 #include "format/address.h"
 #include "format/blocks.h"
 #include "format/port_list.h"
+#include "format/port_set.h"
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <climits>
 #include <cstring>
 
@@ -300,44 +302,82 @@ TEST(StormRate, Words) {
 
 // -------------------------------------------------------------------------------------------------------------- shapes
 
-TEST(Blocks, HeadOverWordsEndsWithABlank) {
-    PortWords words{};
-    words[2] = words[3] = 9;
-    EXPECT_EQ("interface 3,4 \n", appended([&] { appendInterface(words, 9); }));
-    EXPECT_EQ("interface  \n", appended([&] { appendInterface(words, 8); }));
-    std::array<std::uint32_t, 24> fewer{};
-    EXPECT_EQ("interface 1-24 \n", appended([&] { appendInterface(fewer, 0); }));
+/// Ports by their numbers.
+PortSet portSet(std::initializer_list<std::size_t> numbers) {
+    PortSet ports;
+    for (const std::size_t number : numbers) ports.add(number - 1);
+    return ports;
 }
 
-TEST(Blocks, HeadOverBytesDoesNot) {
-    PortBytes bytes{};
-    bytes[2] = bytes[3] = 9;
-    EXPECT_EQ("interface 3,4\n", appended([&] { appendInterface(bytes, 9); }));
-    EXPECT_EQ("interface \n", appended([&] { appendInterface(bytes, 8); }));
+TEST(PortSets, AreArgumentsOfAFormat) {
+    EXPECT_EQ("interface 3,4 \n", appended([] { append("interface %s \n", portSet({3, 4})); }));
+    EXPECT_EQ("interface 3-5\n", appended([] { append("interface %s\n", portSet({5, 3, 4})); }));
+    EXPECT_EQ("interface \n", appended([] { append("interface %s\n", PortSet{}); }));
+    EXPECT_EQ("vlan 7 ports 1-28 mode\n", appended([] { append("vlan %d ports %s mode\n", 7, PortSet{0x0fffffff}); }));
+    EXPECT_EQ("1-32\n", appended([] { append("%s\n", PortSet{UINT32_MAX}); }));
+    EXPECT_EQ("32\n", appended([] { append("%s\n", PortSet{0x80000000}); }));
+    EXPECT_EQ("1,32\n", appended([] { append("%s\n", PortSet{0x80000001}); }));
+    EXPECT_EQ("31,32\n", appended([] { append("%s\n", PortSet{0xc0000000}); }));
+    EXPECT_EQ("interface 3,4,5,28\n", appended([] { append("interface %s\n", EachPort{portSet({3, 4, 5, 28})}); }));
+    EXPECT_EQ("interface \n", appended([] { append("interface %s\n", EachPort{}); }));
+}
+
+TEST(PortSets, ListByTheRuleOfRuns) {
+    for (const Runs &row : runs) {
+        PortSet ports;
+        for (const int port : row.ports) ports.add(static_cast<std::size_t>(port - 1));
+        EXPECT_EQ(std::string(row.list) + "\n", appended([&] { append("%s\n", ports); }));
+    }
+}
+
+TEST(PortSets, HoldWhatWasAdded) {
+    EXPECT_TRUE(PortSet{}.empty());
+    const PortSet ports = portSet({1, 28});
+    EXPECT_FALSE(ports.empty());
+    EXPECT_EQ(0x08000001U, ports.bits);
+    EXPECT_TRUE(ports.has(0));
+    EXPECT_FALSE(ports.has(1));
+    EXPECT_TRUE(ports.has(27));
+    EXPECT_TRUE(ports == portSet({28, 1}));
+    EXPECT_FALSE(ports == portSet({1}));
+    PortValues<28> values{};
+    values[2] = values[27] = 9;
+    EXPECT_TRUE(portsWith(values, 9) == portSet({3, 28}));
+    EXPECT_TRUE(portsWith(values, 8).empty());
+    EXPECT_EQ(26, std::popcount(portsWith(values, 0).bits));
 }
 
 TEST(Blocks, OneForEachValueInTheirOrder) {
-    PortWords words;
-    words.fill(7);
-    words[0] = 1;
-    words[27] = 0;
-    const auto write = [&] { appendValueBlocks(words, {{1, "on\n"}, {0, "off\n"}, {2, "never\n"}}); };
+    PortValues<28> values;
+    values.fill(7);
+    values[0] = 1;
+    values[27] = 0;
+    const auto write = [&] {
+        appendValueBlocks("interface %s \n", values, {{1, "on\n"}, {0, "off\n"}, {2, "never\n"}});
+    };
     EXPECT_EQ("interface 1 \non\nexit\ninterface 28 \noff\nexit\n", appended(write));
-    words[27] = 256;
+    values[27] = 256;
     EXPECT_EQ("interface 1 \non\nexit\n", appended(write));
-    PortBytes bytes{};
-    bytes[27] = 1;
+    values = {};
+    values[27] = 1;
     EXPECT_EQ("interface 28\non\nexit\ninterface 1-27\noff\nexit\n", appended([&] {
-                  appendValueBlocks(bytes, {{1, "on\n"}, {0, "off\n"}});
+                  appendValueBlocks("interface %s\n", values, {{1, "on\n"}, {0, "off\n"}});
               }));
-    std::array<std::uint32_t, 24> fewer{};
+    PortValues<24> fewer{};
     fewer[23] = 1;
-    EXPECT_EQ("interface 24 \non\nexit\n", appended([&] { appendValueBlocks(fewer, {{1, "on\n"}}); }));
+    EXPECT_EQ("interface 24 \non\nexit\n", appended([&] {
+                  appendValueBlocks("interface %s \n", fewer, {{1, "on\n"}});
+              }));
 }
 
-TEST(Blocks, Switch) {
-    EXPECT_EQ("on\n", appended([] { appendSwitch(true, "on\n", "off\n"); }));
-    EXPECT_EQ("off\n", appended([] { appendSwitch(false, "on\n", "off\n"); }));
+TEST(Blocks, OnOff) {
+    EXPECT_EQ("on\n", appended([] { appendOnOff(true, "on\n", "off\n"); }));
+    EXPECT_EQ("off\n", appended([] { appendOnOff(false, "on\n", "off\n"); }));
+}
+
+TEST(Blocks, LineOfAValue) {
+    EXPECT_EQ("two\n", appended([] { EXPECT_TRUE(appendValueLine(2, {{1, "one\n"}, {2, "two\n"}})); }));
+    EXPECT_EQ("", appended([] { EXPECT_FALSE(appendValueLine(258, {{1, "one\n"}, {2, "two\n"}})); }));
 }
 
 TEST(Blocks, GatherFieldsOfRecords) {
@@ -345,25 +385,25 @@ TEST(Blocks, GatherFieldsOfRecords) {
     std::memset(static_cast<void *>(&image), 0, sizeof image);
     image.ports[0].speed = 0x01020304;
     image.ports[27].speed = UINT32_MAX;
-    const PortWords speeds = wordsOf(image.ports, &PortSettings::speed);
+    const PortValues<28> speeds = valuesOf(image.ports, &PortSettings::speed);
     EXPECT_EQ(0x01020304U, speeds[0]);
     EXPECT_EQ(0U, speeds[1]);
     EXPECT_EQ(UINT32_MAX, speeds[27]);
 
     image.poePorts[23].priority = 0xfe;
     image.poePorts[22].budget = -3;
-    EXPECT_EQ(0xfeU, wordsOf(image.poePorts, &PoePort::priority)[23]);
-    EXPECT_EQ(0xfffffffdU, wordsOf(image.poePorts, &PoePort::budget)[22]);
+    EXPECT_EQ(0xfeU, valuesOf(image.poePorts, &PoePort::priority)[23]);
+    EXPECT_EQ(0xfffffffdU, valuesOf(image.poePorts, &PoePort::budget)[22]);
     image.vlanPorts[27].accessVlan = 0xfffe;
-    EXPECT_EQ(0xfffeU, wordsOf(image.vlanPorts, &VlanPort::accessVlan)[27]);
+    EXPECT_EQ(0xfffeU, valuesOf(image.vlanPorts, &VlanPort::accessVlan)[27]);
 
     image.rateLimits.egress[27] = 0x80000001;
-    EXPECT_EQ(0x80000001U, wordsOf(image.rateLimits.egress)[27]);
+    EXPECT_EQ(0x80000001U, valuesOf(image.rateLimits.egress)[27]);
     image.stpPorts.cost[0] = -1;
-    EXPECT_EQ(0xffffffffU, wordsOf(image.stpPorts.cost)[0]);
+    EXPECT_EQ(0xffffffffU, valuesOf(image.stpPorts.cost)[0]);
 
     for (int i = 0; i < 28; ++i) image.lacp.key[i] = static_cast<u8>(i + 200);
-    const PortBytes keys = bytesOfPorts(image.lacp.key);
+    const PortValues<28> keys = valuesOf(image.lacp.key);
     for (std::size_t i = 0; i < 28; ++i) EXPECT_EQ(i + 200, keys[i]);
 
     image.ports[27].description = "last";
@@ -377,43 +417,40 @@ TEST(Blocks, GatherBitmaps) {
     for (unsigned bit = 0; bit < 32; ++bit) {
         PortBitmap bitmap = {};
         bitmap.set(bit);
-        const PortWords words = wordsOf(bitmap);
-        const PortBytes bytes = bytesOfPorts(bitmap);
+        const PortValues<28> values = valuesOf(bitmap);
+        const PortSet ports = portsIn(bitmap);
         for (std::size_t port = 0; port < 28; ++port) {
-            EXPECT_EQ(port == bit, words[port]);
-            EXPECT_EQ(port == bit, bytes[port]);
+            EXPECT_EQ(port == bit, values[port]);
+            EXPECT_EQ(port == bit, ports.has(port));
         }
+        EXPECT_EQ(bit < 28, std::popcount(ports.bits) == 1);
+        EXPECT_EQ(bit >= 28, samePorts(bitmap, PortBitmap{}));
         EXPECT_EQ(bit >= 28, noPort(bitmap));
     }
 }
 
 TEST(Blocks, GroupsGoByTheirLowestPort) {
-    PortWords values{};
+    PortValues<28> values{};
     values[0] = 5;
     values[1] = 9;
     values[4] = 5;
     values[27] = 9;
     values[26] = 7;
-    std::string groups;
-    const auto write = [&](std::uint32_t value, const auto &members) {
-        groups += std::to_string(value) + ":";
-        for (std::size_t i = 0; i < members.size(); ++i) {
-            EXPECT_LE(members[i], 1U);
-            if (members[i] == 1) groups += " " + std::to_string(i + 1);
-        }
-        groups += "\n";
+    const auto listed = [](const PortGroups &groups) {
+        return appended([&] {
+            for (const PortGroup &group : groups) append("%u: %s\n", group.value, group.ports);
+        });
     };
-    forEachGroup<std::uint32_t>(values, 0, write);
-    EXPECT_EQ("5: 1 5\n9: 2 28\n7: 27\n", groups);
+    EXPECT_EQ("5: 1,5\n9: 2,28\n7: 27\n", listed(groupsOf(values, 0)));
 
     // A port whose own value is the marker is never written; zero is a value like others then.
-    groups.clear();
-    std::array<std::uint32_t, 4> few = {9, 0, 9, 0};
-    forEachGroup<u8>(few, 9, write);
-    EXPECT_EQ("0: 2 4\n", groups);
-    groups.clear();
-    forEachGroup<u8>(few, UINT32_MAX, write);
-    EXPECT_EQ("9: 1 3\n0: 2 4\n", groups);
+    const PortValues<4> few = {9, 0, 9, 0};
+    EXPECT_EQ("0: 2,4\n", listed(groupsOf(few, 9)));
+    EXPECT_EQ("9: 1,3\n0: 2,4\n", listed(groupsOf(few, UINT32_MAX)));
+    PortValues<28> distinct;
+    for (std::size_t i = 0; i < 28; ++i) distinct[i] = static_cast<std::uint32_t>(i + 1);
+    EXPECT_EQ(28U, groupsOf(distinct, 0).count);
+    EXPECT_EQ("", listed(groupsOf(PortValues<28>{}, 0)));
 }
 
 TEST(Blocks, NamesShareABlockWithoutRanges) {
@@ -423,13 +460,13 @@ TEST(Blocks, NamesShareABlockWithoutRanges) {
     const auto none = [](std::size_t) { return Text<4>{}; };
     EXPECT_EQ("interface 2,3,4,6\nname ab \nexit\n"
               "interface 5\nname abcd \nexit\n",
-              appended([&] { appendNameBlocks(names, none, none, "name %s \n"); }));
+              appended([&] { appendNameBlocks("interface %s\n", names, none, none, "name %s \n"); }));
     // Both rules are asked for the right port.
     std::vector<std::size_t> defaults;
     std::vector<std::size_t> marks;
     appended([&] {
         appendNameBlocks(
-            names,
+            "interface %s\n", names,
             [&](std::size_t port) {
                 defaults.push_back(port);
                 return Text<4>{};
@@ -456,7 +493,7 @@ TEST(Blocks, MarkThatIsNotTheDefaultIsWrittenAgain) {
     };
     EXPECT_EQ("interface 1,3\nname ab\nexit\n"
               "interface 3\nname done\nexit\n",
-              appended([&] { appendNameBlocks(names, none, mark, "name %s\n"); }));
+              appended([&] { appendNameBlocks("interface %s\n", names, none, mark, "name %s\n"); }));
 }
 
 // -------------------------------------------------------------------------------------------------------- address

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
+#include <utility>
 
 /// One value on its way into a line: a number, a text with the most characters that it may have, or a set of the
 /// numbers from 1 to 32, a bit each, least significant first.
@@ -129,10 +130,29 @@ public:
         }
     }
 
+    /// The one of two formats. Member by member: the compiler then keeps what they share in one register.
+    [[gnu::always_inline]] static constexpr Format choose(bool first, const Format &a, const Format &b) {
+        return choose(first, a, b, std::make_index_sequence<conversions<Types...> + 1>());
+    }
+
     constexpr const char *literal() const { return literal_; }
     constexpr const Stretch *stretches() const { return stretches_; }
 
 private:
+    struct Parts {
+        const char *literal;
+    };
+    constexpr explicit Format(Parts parts) : literal_(parts.literal) {}
+
+    template <std::size_t... Index> [[gnu::always_inline]] static constexpr Format
+    choose(bool first, const Format &a, const Format &b, std::index_sequence<Index...>) {
+        Format chosen(Parts{first ? a.literal_ : b.literal_});
+        ((chosen.stretches_[Index].characters = first ? a.stretches_[Index].characters : b.stretches_[Index].characters,
+          chosen.stretches_[Index].conversion = a.stretches_[Index].conversion),
+         ...);
+        return chosen;
+    }
+
     /// The conversion that begins with the "%" at `specifier`, for an argument of `kind`.
     static constexpr Conversion read(const char *specifier, char kind) {
         if ((kind == 'n') == (specifier[1] == 's')) formatDoesNotFitItsArguments();
@@ -165,6 +185,9 @@ public:
         for (const char character : literal)
             if (character == '%') formatDoesNotFitItsArguments();
     }
+
+    /// A part of what other lines hold.
+    constexpr Line(const char *literal, std::size_t length) : literal_(literal), length_(length) {}
 
     constexpr const char *literal() const { return literal_; }
     constexpr std::size_t length() const { return length_; }

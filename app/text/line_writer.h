@@ -1,6 +1,7 @@
 /// A line under construction in `LineBuffer`.
 #pragma once
 
+#include "app/text/runs.h"
 #include "app/text/text.h"
 
 #include <bit>
@@ -38,11 +39,9 @@ public:
         put(first, static_cast<std::size_t>(digits + sizeof digits - first));
     }
 
-    /// A run of neighbours in a list, from `first` to `last`, after `separator` unless that is NUL. Three and more are
-    /// a range, two are listed.
+    /// A run of neighbours in a list, from `first` to `last`, after `separator` unless that is NUL.
     void putRun(char separator, std::uint32_t first, std::uint32_t last) {
-        putEntry(separator, first);
-        if (last != first) putEntry(last == first + 1 ? ',' : '-', last);
+        listRun(separator, first, last, [this](char before, std::uint32_t number) { putEntry(before, number); });
     }
 
     /// The numbers of `set` in runs: bit 0 is 1.
