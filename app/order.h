@@ -3,8 +3,12 @@
 /// A row is a step: the emitter's name, what full mode calls and what delta mode calls, each with the sections that it
 /// is handed. Sections are not disjoint, several emitters read one record; and a step may be handed its current section
 /// twice, or no default, on purpose. Delta mode goes in the same order and leaves out the rows that have no twin.
+///
+/// `reading` names what the emitter reads besides its arguments, for each mode. A test proves that every row is
+/// complete and that it names nothing else.
 #pragma once
 
+#include "app/reads.h"
 #include "platform/image.h"
 #include "sections/interface.h"
 #include "sections/ip.h"
@@ -16,7 +20,9 @@
 #include "sections/system.h"
 #include "sections/users.h"
 
+#include <cstddef>
 #include <iterator>
+#include <span>
 #include <string_view>
 
 namespace order {
@@ -26,10 +32,21 @@ struct Call {
     void (*run)() = nullptr;    ///< null where the mode has no such step
     Section argument = {};      ///< the section that is passed; no name if there is none
     bool withDefaults = false;  ///< the default image's section is passed too
-    bool isWholeImages = false; ///< both images are passed whole
+    bool isWholeImages = false; ///< both images are passed whole; `reading` says what is read of them
+    Read reads[6] = {};         ///< what is read besides
+    std::size_t readCount = 0;
 
     void operator()() const { run(); }
     constexpr explicit operator bool() const { return run != nullptr; }
+
+    /// What the emitter reads besides its arguments.
+    constexpr std::span<const Read> declaredReads() const { return {reads, readCount}; }
+    /// This call, declared to read `besides`.
+    template <class... Reads> consteval Call reading(const Reads &...besides) const {
+        Call call = *this;
+        for (const Read &read : {besides...}) call.reads[call.readCount++] = read;
+        return call;
+    }
 };
 
 /// No call.
@@ -70,7 +87,8 @@ inline constexpr Step steps[] = {
      alone<full::convConfigApplicationfunction>,
      nothing},
     {"convConfigBackupConfig_BackupConfig_configure_archive",
-     alone<full::convConfigBackupConfig_BackupConfig_configure_archive>,
+     alone<full::convConfigBackupConfig_BackupConfig_configure_archive>
+         .reading(CURRENT(backup)),
      both<delta::convConfigBackupConfig_BackupConfig_configure_archive, &ConfigImage::backup>},
     {"convConfigPortTrunk_PortTrunk_configure_channel_group",
      current<full::convConfigPortTrunk_PortTrunk_configure_channel_group, &ConfigImage::trunks>,
@@ -91,13 +109,20 @@ inline constexpr Step steps[] = {
      alone<full::convConfigNetConfig_mid_sys_dhcp_server_configure>,
      nothing},
     {"convConfigSKAConfig2_SKAConfig2_configure_ip",
-     current<full::convConfigSKAConfig2_SKAConfig2_configure_ip, &ConfigImage::dhcpSnooping>,
-     both<delta::convConfigSKAConfig2_SKAConfig2_configure_ip, &ConfigImage::dhcpSnooping>},
+     current<full::convConfigSKAConfig2_SKAConfig2_configure_ip, &ConfigImage::dhcpSnooping>
+         .reading(CURRENT(dhcpSnoopingPorts.option), CURRENT(circuitIds.remoteInserted),
+                  CURRENT(circuitIds.remoteId), CURRENT(circuitIds.remoteFormatted),
+                  BOARD(boardType)),
+     both<delta::convConfigSKAConfig2_SKAConfig2_configure_ip, &ConfigImage::dhcpSnooping>
+         .reading(BOTH(dhcpSnoopingPorts.option), BOTH(circuitIds.remoteInserted),
+                  BOTH(circuitIds.remoteId), BOTH(circuitIds.remoteFormatted),
+                  BOARD(boardType))},
     {"InterfaceGroup_configure_ip_group",
      alone<full::InterfaceGroup_configure_ip_group>,
      nothing},
     {"IGMPFilterFunc_configure_ip_igmp_filter",
-     alone<full::IGMPFilterFunc_configure_ip_igmp_filter>,
+     alone<full::IGMPFilterFunc_configure_ip_igmp_filter>
+         .reading(CURRENT(portFilters.port[0].filterSwitch)),
      both<delta::IGMPFilterFunc_configure_ip_igmp_filter, &ConfigImage::portFilters>},
     {"convConfigIPMCSegment_IPMCSegment_configure_ip_igmp_segment",
      current<full::convConfigIPMCSegment_IPMCSegment_configure_ip_igmp_segment, &ConfigImage::multicastSegments>,
@@ -106,11 +131,15 @@ inline constexpr Step steps[] = {
      current<full::convConfigIPMCProfile_IPMCProfile_configure_ip_igmp_profile, &ConfigImage::multicastProfiles>,
      both<delta::convConfigIPMCProfile_IPMCProfile_configure_ip_igmp_profile, &ConfigImage::multicastProfiles>},
     {"convConfigIGMPConfig_IGMPConfig_configure_ip_igmp",
-     current<full::convConfigIGMPConfig_IGMPConfig_configure_ip_igmp, &ConfigImage::igmp>,
-     both<delta::convConfigIGMPConfig_IGMPConfig_configure_ip_igmp, &ConfigImage::igmp>},
+     current<full::convConfigIGMPConfig_IGMPConfig_configure_ip_igmp, &ConfigImage::igmp>
+         .reading(BOARD(boardType)),
+     both<delta::convConfigIGMPConfig_IGMPConfig_configure_ip_igmp, &ConfigImage::igmp>
+         .reading(BOARD(boardType))},
     {"convConfigIGMPSetting_IGMPSetting_configure_ip_igmp_snooping",
-     current<full::convConfigIGMPSetting_IGMPSetting_configure_ip_igmp_snooping, &ConfigImage::igmp>,
-     both<delta::convConfigIGMPSetting_IGMPSetting_configure_ip_igmp_snooping, &ConfigImage::igmp>},
+     current<full::convConfigIGMPSetting_IGMPSetting_configure_ip_igmp_snooping, &ConfigImage::igmp>
+         .reading(BOARD(boardType)),
+     both<delta::convConfigIGMPSetting_IGMPSetting_configure_ip_igmp_snooping, &ConfigImage::igmp>
+         .reading(BOARD(boardType))},
     {"convConfigDNSConfig_mid_sys_dns_cfg_configure_ip_name_server",
      alone<full::convConfigDNSConfig_mid_sys_dns_cfg_configure_ip_name_server>,
      alone<delta::convConfigDNSConfig_mid_sys_dns_cfg_configure_ip_name_server>},
@@ -175,8 +204,10 @@ inline constexpr Step steps[] = {
      current<full::convConfigConsoleConfig_mid_sys_console_cfg_configure_management, &ConfigImage::console>,
      both<delta::convConfigConsoleConfig_mid_sys_console_cfg_configure_management, &ConfigImage::console>},
     {"convConfigServiceConfig_mid_sys_service_cfg_configure_management",
-     current<full::convConfigServiceConfig_mid_sys_service_cfg_configure_management, &ConfigImage::service>,
-     both<delta::convConfigServiceConfig_mid_sys_service_cfg_configure_management, &ConfigImage::service>},
+     current<full::convConfigServiceConfig_mid_sys_service_cfg_configure_management, &ConfigImage::service>
+         .reading(CURRENT(console.webTimeout)),
+     both<delta::convConfigServiceConfig_mid_sys_service_cfg_configure_management, &ConfigImage::service>
+         .reading(BOTH(console.webTimeout))},
     {"convConfigPortMirror_PortMirror_configure_mirror_destination",
      current<full::convConfigPortMirror_PortMirror_configure_mirror_destination, &ConfigImage::mirror>,
      both<delta::convConfigPortMirror_PortMirror_configure_mirror_destination, &ConfigImage::mirror>},
@@ -187,11 +218,15 @@ inline constexpr Step steps[] = {
      current<full::convConfigPortMirror_PortMirror_configure_mirror_source, &ConfigImage::mirror>,
      both<delta::convConfigPortMirror_PortMirror_configure_mirror_source, &ConfigImage::mirror>},
     {"convConfigTimeConfig_mid_sys_time_configure_ntp",
-     wholeImages<full::convConfigTimeConfig_mid_sys_time_configure_ntp>,
-     wholeImages<delta::convConfigTimeConfig_mid_sys_time_configure_ntp>},
+     wholeImages<full::convConfigTimeConfig_mid_sys_time_configure_ntp>
+         .reading(CURRENT(time)),
+     wholeImages<delta::convConfigTimeConfig_mid_sys_time_configure_ntp>
+         .reading(BOTH(time))},
     {"convConfigPOEConfig_POEConfig_configure_poe",
-     current<full::convConfigPOEConfig_POEConfig_configure_poe, &ConfigImage::poe>,
-     both<delta::convConfigPOEConfig_POEConfig_configure_poe, &ConfigImage::poe>},
+     current<full::convConfigPOEConfig_POEConfig_configure_poe, &ConfigImage::poe>
+         .reading(BOARD(capabilities)),
+     both<delta::convConfigPOEConfig_POEConfig_configure_poe, &ConfigImage::poe>
+         .reading(BOARD(capabilities))},
     {"convConfigPriorityConfig_PriorityConfig_configure_qos",
      current<full::convConfigPriorityConfig_PriorityConfig_configure_qos, &ConfigImage::priority>,
      both<delta::convConfigPriorityConfig_PriorityConfig_configure_qos, &ConfigImage::priority>},
@@ -202,7 +237,8 @@ inline constexpr Step steps[] = {
      current<full::convConfigDSCPPriority_DSCPPriority_configure_qos_remarking, &ConfigImage::remarking>,
      both<delta::convConfigDSCPPriority_DSCPPriority_configure_qos_remarking, &ConfigImage::remarking>},
     {"PbitPriorityFunc_configure_qos_remarking",
-     alone<full::PbitPriorityFunc_configure_qos_remarking>,
+     alone<full::PbitPriorityFunc_configure_qos_remarking>
+         .reading(CURRENT_EACH(remarking.priority, newPriority)),
      both<delta::PbitPriorityFunc_configure_qos_remarking, &ConfigImage::remarking>},
     {"convConfigVLANConfig_mid_sys_vlan_config_configure_qos",
      current<full::convConfigVLANConfig_mid_sys_vlan_config_configure_qos, &ConfigImage::priority>,
@@ -235,10 +271,13 @@ inline constexpr Step steps[] = {
      current<full::convConfigTrapDest_TrapDest_configure_snmp_server, &ConfigImage::trapDestinations>,
      both<delta::convConfigTrapDest_TrapDest_configure_snmp_server, &ConfigImage::trapDestinations>},
     {"convConfigTrapConfig_TrapConfig_configure_snmp_server",
-     current<full::convConfigTrapConfig_TrapConfig_configure_snmp_server, &ConfigImage::traps>,
-     both<delta::convConfigTrapConfig_TrapConfig_configure_snmp_server, &ConfigImage::traps>},
+     current<full::convConfigTrapConfig_TrapConfig_configure_snmp_server, &ConfigImage::traps>
+         .reading(CURRENT(poe.traps), BOARD(capabilities)),
+     both<delta::convConfigTrapConfig_TrapConfig_configure_snmp_server, &ConfigImage::traps>
+         .reading(BOTH(poe.traps), BOARD(capabilities))},
     {"convConfigSTPConfig_STPConfig_configure_spanning_tree",
-     alone<full::convConfigSTPConfig_STPConfig_configure_spanning_tree>,
+     alone<full::convConfigSTPConfig_STPConfig_configure_spanning_tree>
+         .reading(CURRENT(stp)),
      both<delta::convConfigSTPConfig_STPConfig_configure_spanning_tree, &ConfigImage::stp>},
     {"convConfigSwitchConfig_SwitchConfig_configure_switch_bpdu",
      current<full::convConfigSwitchConfig_SwitchConfig_configure_switch_bpdu, &ConfigImage::switchConfig>,
@@ -250,11 +289,15 @@ inline constexpr Step steps[] = {
      current<full::convConfigSwitchConfig_SwitchConfig_configure_switch_statistics_polling, &ConfigImage::statisticsPolling>,
      both<delta::convConfigSwitchConfig_SwitchConfig_configure_switch_statistics_polling, &ConfigImage::statisticsPolling>},
     {"convConfigCompanyInfo_mid_sys_company_info_configure_switch_info",
-     current<full::convConfigCompanyInfo_mid_sys_company_info_configure_switch_info, &ConfigImage::company>,
-     both<delta::convConfigCompanyInfo_mid_sys_company_info_configure_switch_info, &ConfigImage::company>},
+     current<full::convConfigCompanyInfo_mid_sys_company_info_configure_switch_info, &ConfigImage::company>
+         .reading(CURRENT(cpuLoadingThreshold)),
+     both<delta::convConfigCompanyInfo_mid_sys_company_info_configure_switch_info, &ConfigImage::company>
+         .reading(BOTH(cpuLoadingThreshold))},
     {"convConfigLogConfig_LogConfig_configure_syslog",
-     current<full::convConfigLogConfig_LogConfig_configure_syslog, &ConfigImage::log>,
-     both<delta::convConfigLogConfig_LogConfig_configure_syslog, &ConfigImage::log>},
+     current<full::convConfigLogConfig_LogConfig_configure_syslog, &ConfigImage::log>
+         .reading(CURRENT(logTerminalHistory)),
+     both<delta::convConfigLogConfig_LogConfig_configure_syslog, &ConfigImage::log>
+         .reading(BOTH(logTerminalHistory))},
     {"convConfigterminalConfig_terminalConfig_configure_terminal",
      current<full::convConfigterminalConfig_terminalConfig_configure_terminal, &ConfigImage::switchConfig>,
      both<delta::convConfigterminalConfig_terminalConfig_configure_terminal, &ConfigImage::switchConfig>},
@@ -265,11 +308,15 @@ inline constexpr Step steps[] = {
      alone<full::convConfigUSBControl_USBControl_configure_usb>,
      alone<delta::convConfigUSBControl_USBControl_configure_usb>},
     {"convConfigUser_mid_userauth_index_configure_user",
-     both<full::convConfigUser_mid_userauth_index_configure_user, &ConfigImage::users>,
-     both<delta::convConfigUser_mid_userauth_index_configure_user, &ConfigImage::users>},
+     both<full::convConfigUser_mid_userauth_index_configure_user, &ConfigImage::users>
+         .reading(PLATFORM(mapi_sys_userauth_method_get), PLATFORM(mapi_sys_userauth_password_md5_get)),
+     both<delta::convConfigUser_mid_userauth_index_configure_user, &ConfigImage::users>
+         .reading(PLATFORM(mapi_sys_userauth_method_get), PLATFORM(mapi_sys_userauth_password_md5_get))},
     {"convConfigUser_PasswordEncryption_configure_user",
-     alone<full::convConfigUser_PasswordEncryption_configure_user>,
-     alone<delta::convConfigUser_PasswordEncryption_configure_user>},
+     alone<full::convConfigUser_PasswordEncryption_configure_user>
+         .reading(PLATFORM(mapi_sys_userauth_method_get)),
+     alone<delta::convConfigUser_PasswordEncryption_configure_user>
+         .reading(PLATFORM(mapi_sys_userauth_method_get))},
     {"convConfigRadiusInfo_RadiusInfo_configure_user",
      current<full::convConfigRadiusInfo_RadiusInfo_configure_user, &ConfigImage::radius>,
      both<delta::convConfigRadiusInfo_RadiusInfo_configure_user, &ConfigImage::radius>},
@@ -289,14 +336,20 @@ inline constexpr Step steps[] = {
      both<full::convConfigPortVLAN_mid_sys_vlan_portVlan_configure_vlan_port_based, &ConfigImage::portVlans>,
      both<delta::convConfigPortVLAN_mid_sys_vlan_portVlan_configure_vlan_port_based, &ConfigImage::portVlans>},
     {"ManageVLANFunc_configure_vlan",
-     alone<full::ManageVLANFunc_configure_vlan>,
-     alone<delta::ManageVLANFunc_configure_vlan>},
+     alone<full::ManageVLANFunc_configure_vlan>
+         .reading(CURRENT_EACH(tagVlans, inUse), CURRENT_EACH(tagVlans, members), CURRENT_EACH(tagVlans, id),
+                  CURRENT_EACH(vlanPorts, mode), CURRENT_EACH(vlanPorts, accessVlan)),
+     alone<delta::ManageVLANFunc_configure_vlan>
+         .reading(CURRENT_EACH(tagVlans, inUse), BOTH_EACH(tagVlans, members), BOTH_EACH(tagVlans, id),
+                  BOTH_EACH(vlanPorts, mode), BOTH_EACH(vlanPorts, accessVlan))},
     {"convConfigVoice",
      alone<full::convConfigVoice>,
      alone<delta::convConfigVoice>},
     {"PortConfigFunc_configure_interface",
-     alone<full::PortConfigFunc_configure_interface>,
-     alone<delta::PortConfigFunc_configure_interface>},
+     alone<full::PortConfigFunc_configure_interface>
+         .reading(CURRENT(ports), DEFAULTS_EACH(ports, description)),
+     alone<delta::PortConfigFunc_configure_interface>
+         .reading(BOTH(ports))},
     {"convConfigLACPConfig_mid_sys_lacp_configure_interface_channel_group_lacp",
      current<full::convConfigLACPConfig_mid_sys_lacp_configure_interface_channel_group_lacp, &ConfigImage::lacp>,
      both<delta::convConfigLACPConfig_mid_sys_lacp_configure_interface_channel_group_lacp, &ConfigImage::lacp>},
@@ -307,11 +360,17 @@ inline constexpr Step steps[] = {
      current<full::convConfigDOT1XConfig_DOT1XConfig_configure_interface_dot1x, &ConfigImage::dot1x>,
      both<delta::convConfigDOT1XConfig_DOT1XConfig_configure_interface_dot1x, &ConfigImage::dot1x>},
     {"convConfigSKAConfig_SKAConfig_configure_interface_ip_dhcp_snooping",
-     current<full::convConfigSKAConfig_SKAConfig_configure_interface_ip_dhcp_snooping, &ConfigImage::dhcpSnoopingPorts>,
-     both<delta::convConfigSKAConfig_SKAConfig_configure_interface_ip_dhcp_snooping, &ConfigImage::dhcpSnoopingPorts>},
+     current<full::convConfigSKAConfig_SKAConfig_configure_interface_ip_dhcp_snooping, &ConfigImage::dhcpSnoopingPorts>
+         .reading(CURRENT(circuitIds.inserted), CURRENT(circuitIds.text), CURRENT(circuitIds.formatted),
+                  DEFAULTS(circuitIds.text), defaultDescriptionsAndBeyond),
+     both<delta::convConfigSKAConfig_SKAConfig_configure_interface_ip_dhcp_snooping, &ConfigImage::dhcpSnoopingPorts>
+         .reading(BOTH(circuitIds.inserted), BOTH(circuitIds.text), BOTH(circuitIds.formatted),
+                  defaultDescriptionsAndBeyond)},
     {"IGMPFilterFunc_configure_interface_ip_igmp_filter",
-     alone<full::IGMPFilterFunc_configure_interface_ip_igmp_filter>,
-     alone<delta::IGMPFilterFunc_configure_interface_ip_igmp_filter>},
+     alone<full::IGMPFilterFunc_configure_interface_ip_igmp_filter>
+         .reading(CURRENT(portFilters)),
+     alone<delta::IGMPFilterFunc_configure_interface_ip_igmp_filter>
+         .reading(BOTH(portFilters))},
     {"convConfigMulticastTable_MulticastTable_configure_interface_ip_igmp_static_multicast_ip",
      current<full::convConfigMulticastTable_MulticastTable_configure_interface_ip_igmp_static_multicast_ip, &ConfigImage::multicastTable>,
      both<delta::convConfigMulticastTable_MulticastTable_configure_interface_ip_igmp_static_multicast_ip, &ConfigImage::multicastTable>},
@@ -325,14 +384,18 @@ inline constexpr Step steps[] = {
      current<full::convConfigStaticIPTable_StaticIPTable_configure_interface_ip_sourceguard_static_ip, &ConfigImage::sourceGuardTable>,
      both<delta::convConfigStaticIPTable_StaticIPTable_configure_interface_ip_sourceguard_static_ip, &ConfigImage::sourceGuardTable>},
     {"convConfigPOEConfig_POEConfig_configure_interface_poe",
-     both<full::convConfigPOEConfig_POEConfig_configure_interface_poe, &ConfigImage::poePorts>,
-     both<delta::convConfigPOEConfig_POEConfig_configure_interface_poe, &ConfigImage::poePorts>},
+     both<full::convConfigPOEConfig_POEConfig_configure_interface_poe, &ConfigImage::poePorts>
+         .reading(BOARD(capabilities)),
+     both<delta::convConfigPOEConfig_POEConfig_configure_interface_poe, &ConfigImage::poePorts>
+         .reading(BOARD(capabilities))},
     {"convConfigLLDPConfig_LLDPConfig_configure_interface_lldp",
      current<full::convConfigLLDPConfig_LLDPConfig_configure_interface_lldp, &ConfigImage::lldp>,
      both<delta::convConfigLLDPConfig_LLDPConfig_configure_interface_lldp, &ConfigImage::lldp>},
     {"convConfigLoopDetection_LoopDetection_configure_interface_loop_detection",
-     current<full::convConfigLoopDetection_LoopDetection_configure_interface_loop_detection, &ConfigImage::loopDetection>,
-     both<delta::convConfigLoopDetection_LoopDetection_configure_interface_loop_detection, &ConfigImage::loopDetection>},
+     current<full::convConfigLoopDetection_LoopDetection_configure_interface_loop_detection, &ConfigImage::loopDetection>
+         .reading(BOARD(boardType)),
+     both<delta::convConfigLoopDetection_LoopDetection_configure_interface_loop_detection, &ConfigImage::loopDetection>
+         .reading(BOARD(boardType))},
     {"convConfigMacTable_MacTable_configure_interface_mac_address_table",
      current<full::convConfigMacTable_MacTable_configure_interface_mac_address_table, &ConfigImage::macTable>,
      both<delta::convConfigMacTable_MacTable_configure_interface_mac_address_table, &ConfigImage::macTable>},
@@ -361,8 +424,10 @@ inline constexpr Step steps[] = {
      current<full::convConfigSTPConfig_STPConfig_configure_interface_spanning_tree, &ConfigImage::stpPorts>,
      both<delta::convConfigSTPConfig_STPConfig_configure_interface_spanning_tree, &ConfigImage::stpPorts>},
     {"convConfigVLANConfig_mid_sys_vlan_config_configure_interface_vlan",
-     current<full::convConfigVLANConfig_mid_sys_vlan_config_configure_interface_vlan, &ConfigImage::vlanPorts>,
-     both<delta::convConfigVLANConfig_mid_sys_vlan_config_configure_interface_vlan, &ConfigImage::vlanPorts>},
+     current<full::convConfigVLANConfig_mid_sys_vlan_config_configure_interface_vlan, &ConfigImage::vlanPorts>
+         .reading(BOTH_EACH(tagVlans, inUse), BOTH_EACH(tagVlans, members), BOTH_EACH(tagVlans, id)),
+     both<delta::convConfigVLANConfig_mid_sys_vlan_config_configure_interface_vlan, &ConfigImage::vlanPorts>
+         .reading(BOTH_EACH(tagVlans, inUse), BOTH_EACH(tagVlans, members), BOTH_EACH(tagVlans, id))},
     {"convConfigPortVLAN_mid_sys_vlan_portVlan_configure_interface_vlan_port_based",
      current<full::convConfigPortVLAN_mid_sys_vlan_portVlan_configure_interface_vlan_port_based, &ConfigImage::portVlans>,
      both<delta::convConfigPortVLAN_mid_sys_vlan_portVlan_configure_interface_vlan_port_based, &ConfigImage::portVlans>},
@@ -370,8 +435,10 @@ inline constexpr Step steps[] = {
      current<full::convConfigTagVLAN_mid_sys_vlan_tagVlan_configure_vlan, &ConfigImage::tagVlans>,
      both<delta::convConfigTagVLAN_mid_sys_vlan_tagVlan_configure_vlan, &ConfigImage::tagVlans>},
     {"convConfigLoopDetection_LoopDetection_configure_loop_detection",
-     current<full::convConfigLoopDetection_LoopDetection_configure_loop_detection, &ConfigImage::loopDetection>,
-     both<delta::convConfigLoopDetection_LoopDetection_configure_loop_detection, &ConfigImage::loopDetection>},
+     current<full::convConfigLoopDetection_LoopDetection_configure_loop_detection, &ConfigImage::loopDetection>
+         .reading(BOARD(boardType)),
+     both<delta::convConfigLoopDetection_LoopDetection_configure_loop_detection, &ConfigImage::loopDetection>
+         .reading(BOARD(boardType))},
     {"convConfigIGMPVIDSetting_IGMPVIDSetting_configure_ip_igmp",
      current<full::convConfigIGMPVIDSetting_IGMPVIDSetting_configure_ip_igmp, &ConfigImage::igmpVlans>,
      both<delta::convConfigIGMPVIDSetting_IGMPVIDSetting_configure_ip_igmp, &ConfigImage::igmpVlans>},
@@ -424,3 +491,14 @@ consteval bool namesAreUnique() {
 static_assert(std::size(steps) == 116 && deltaSteps() == 106 && namesAreUnique());
 
 } // namespace order
+
+#undef READ_BYTES
+#undef READ_EACH
+#undef CURRENT
+#undef DEFAULTS
+#undef BOTH
+#undef CURRENT_EACH
+#undef DEFAULTS_EACH
+#undef BOTH_EACH
+#undef BOARD
+#undef PLATFORM

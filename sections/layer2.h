@@ -138,6 +138,4 @@ int convConfigLoopDetection_LoopDetection_configure_loop_detection(const LoopDet
                                                                    const LoopDetection &defaults);
 using full::convConfigVLANConfig_mid_sys_vlan_config_configure_interface_lan_vlan; // traces only
 using full::convConfigVLANConfig_mid_sys_vlan_config_configure_interface_wan_vlan; // traces only
-// Traces only, and no driver calls it in delta mode.
-using full::convConfigPortMirror_PortMirror_configure_mirror_mode;
 } // namespace delta
