@@ -36,6 +36,11 @@ std::uint64_t numberFrom(const std::string &text) {
     return number;
 }
 
+bool yesOrNo(const std::string &text) {
+    if (text != "yes" && text != "no") throw CLI::ValidationError("found \"" + text + "\"; expected yes or no");
+    return text == "yes";
+}
+
 /// The words that say where records come from.
 void addInput(CLI::App &command, InputOptions &options) {
     command
@@ -48,8 +53,10 @@ void addInput(CLI::App &command, InputOptions &options) {
     command.add_option("--board", options.board, "The board record: a file, a folder or builtin:board")
         ->type_name("BOARD");
     command.add_option("--bank", options.bank, "The image bank in use")->type_name("N");
-    command.add_option("--md5", options.md5, "Whether passwords are encrypted: yes or no")
-        ->transform(CLI::CheckedTransformer(std::map<std::string, std::string>{{"yes", "true"}, {"no", "false"}}))
+    command
+        .add_option_function<std::string>(
+            "--md5", [&options](const std::string &text) { options.md5 = yesOrNo(text); },
+            "Whether passwords are encrypted")
         ->type_name("yes|no");
     command
         .add_option_function<std::string>(

@@ -262,7 +262,7 @@ void show(const Input &input, const ShowOptions &options, Output &output) {
                     lines += fieldLine(leaf, isHidden(leaf) ? hiddenBytes : displayOf(leaf, records.of(part)));
             });
         selection.requireMatches();
-        if (hasSummary) printSummary(printed, output);
+        if (hasSummary) printSummary(input, output);
         output << lines;
         return;
     }
