@@ -23,12 +23,12 @@ public:
 
 /// What the command line says about the input.
 struct InputOptions {
-    std::string record;                  ///< FILE, FOLDER, FOLDER:NAME, "-" or builtin:NAME
-    std::optional<std::string> defaults; ///< the same for the default image
-    std::optional<std::string> board;    ///< a board record, a store folder or builtin:board
-    std::optional<std::int32_t> bank;    ///< instead of active_bank
-    std::optional<bool> md5;             ///< instead of password_encryption
-    std::optional<std::uint64_t> offset; ///< where the image begins in what RECORD names
+    std::string record = {};                  ///< FILE, FOLDER, FOLDER:NAME, "-" or builtin:NAME
+    std::optional<std::string> defaults = {}; ///< the same for the default image
+    std::optional<std::string> board = {};    ///< a board record, a store folder or builtin:board
+    std::optional<std::int32_t> bank = {};    ///< instead of active_bank
+    std::optional<bool> md5 = {};             ///< instead of password_encryption
+    std::optional<std::uint64_t> offset = {}; ///< where the image begins in what RECORD names
 };
 
 /// A record or a setting that may be missing.
