@@ -10,7 +10,7 @@ struct BoardRecord {
     Reserved<160> reserved8;
     Mac macAddress; ///< MAC address of the switch
     Reserved<2> reserved174;
-    be32 capabilities; ///< what is fitted: bit 0x100 PoE; either of 0x40 and 0x10 a battery
+    be32 capabilities; ///< what is fitted
     Reserved<24> reserved180;
     Text<10> versionOfBank1; ///< firmware version of image bank 1
     Text<10> versionOfBank2; ///< firmware version of image bank 2

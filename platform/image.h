@@ -27,7 +27,7 @@ struct TimeConfig {
     Reserved<95> reserved77;
     be_i32 timeZone; ///< time zone, may be negative
     Reserved<4> reserved176;
-    be32 daylightSaving; ///< 0 off, 1 recurring, other values by date
+    be32 daylightSaving; ///< daylight saving
     Text<32> offset;     ///< daylight-saving offset
     Ipv6 server1Ipv6;    ///< server 1, IPv6
     Reserved<49> reserved232;
@@ -46,7 +46,7 @@ struct Ipv4Interface {
     Ipv4 mask;    ///< network mask
     Ipv4 gateway; ///< default gateway
     Reserved<6> reserved13;
-    u8 dhcpMode; ///< DHCP client: 1 on, 0 off
+    u8 dhcpMode; ///< DHCP client
     Reserved<96> reserved20;
 };
 static_assert(record<Ipv4Interface, 116>);
@@ -56,7 +56,7 @@ static_assert(offsetof(Ipv4Interface, address) == 1 && offsetof(Ipv4Interface, d
 struct Ipv6Interface {
     u8 enabled;               ///< IPv6 is on
     u8 autoconfiguration;     ///< stateless address autoconfiguration
-    u8 dhcpMode;              ///< DHCPv6 client: 1 auto, 2 force, other values off
+    u8 dhcpMode;              ///< DHCPv6 client
     u8 rapidCommit;           ///< DHCPv6 rapid commit
     Ipv6 linkLocal;           ///< link-local address
     u8 linkLocalPrefixLength; ///< prefix length of the link-local address
@@ -86,7 +86,7 @@ static_assert(offsetof(CompanyInfo, dhcpVendorId) == 320);
 /// Management services.
 struct ServiceConfig {
     Reserved<4> reserved0;
-    be32 remoteLogin; ///< remote login: 0 none, 1 telnet, 2 ssh
+    be32 remoteLogin; ///< remote login
     Reserved<1> reserved8;
     u8 snmpEnabled; ///< SNMP agent is on
     u8 webEnabled;  ///< web management is on
@@ -119,7 +119,7 @@ struct User {
     Secret<24> password;    ///< password in clear
     Secret<24> passwordMd5; ///< MD5 form of the password, may be empty
     Text<48> description;   ///< description
-    u8 level;               ///< privilege level: 1 read-only, 2 read-write, 3 admin
+    u8 level;               ///< privilege level
     Reserved<27> reserved125;
 
     /// How much of a description counts when two are compared.
@@ -137,12 +137,12 @@ using UserTable = User[10];
 
 /// Physical settings of a front port.
 struct PortSettings {
-    be32 administrativeState; ///< 1 shut down, 0 enabled
-    be32 mediaType;           ///< 0 none, 1 SFP
-    be32 autoNegotiation;     ///< 1 on, 0 off
-    be32 speed;               ///< 0 10 Mb/s, 1 100 Mb/s, 2 1000 Mb/s, 3 automatic
-    be32 duplex;              ///< 0 not forced to full duplex, 1 full duplex
-    be32 flowControl;         ///< 0 off, 1 on
+    be32 administrativeState; ///< administrative state
+    be32 mediaType;           ///< media type
+    be32 autoNegotiation;     ///< auto-negotiation
+    be32 speed;               ///< speed
+    be32 duplex;              ///< duplex
+    be32 flowControl;         ///< flow control
     Text<36> description;     ///< description of the port
     Reserved<16> further;
 };
@@ -152,9 +152,9 @@ using PortTable = PortSettings[portCount];
 /// 802.1Q settings of a port.
 struct VlanPort {
     Reserved<1> reserved0;
-    u8 mode; ///< 0 access, 1 trunk, 2 trunk native, 3 dot1q-tunnel
+    u8 mode; ///< VLAN mode of the port
     Reserved<2> reserved2;
-    be16 accessVlan; ///< access VLAN; 0 means none
+    be16 accessVlan; ///< access VLAN
     Reserved<6> reserved6;
 };
 static_assert(record<VlanPort, 12> && offsetof(VlanPort, mode) == 1 && offsetof(VlanPort, accessVlan) == 4);
@@ -186,9 +186,9 @@ using TagVlanTable = TagVlan[2077];
 /// LACP settings of the ports.
 struct LacpConfig {
     Reserved<4> reserved0;
-    u8 enabled[portCount]; ///< LACP on the port: 0 off, 1 on
+    u8 enabled[portCount]; ///< LACP on the port
     u8 key[portCount];     ///< LACP key
-    u8 role[portCount];    ///< LACP role: 0 none, 1 active
+    u8 role[portCount];    ///< LACP role
 };
 static_assert(record<LacpConfig, 88>);
 static_assert(offsetof(LacpConfig, enabled) == 4 && offsetof(LacpConfig, key) == 32);
@@ -218,7 +218,7 @@ static_assert(record<DistributionRules, 24> && offsetof(DistributionRules, desti
 struct MacEntry {
     be32 inUse;  ///< entry is in use
     Mac address; ///< MAC address
-    u8 port;     ///< port, counted from 0
+    u8 port;     ///< port
     Reserved<1> reserved11;
     be32 vlan; ///< VLAN id
     Reserved<8> reserved16;
@@ -230,7 +230,7 @@ using MacTable = MacEntry[128];
 /// MAC learning of the ports. Whether it was changed is decided over all 116 bytes: the ports' words and the one
 /// behind.
 struct MacLearning {
-    be32 off[portCount]; ///< learning on the port: 1 off, 0 on
+    be32 off[portCount]; ///< learning on the port
     be32 following;      ///< counts when two images are compared
 };
 static_assert(record<MacLearning, 116>);
@@ -238,8 +238,8 @@ static_assert(record<MacLearning, 116>);
 /// Limit of learned addresses.
 struct MacLimit {
     be32 enabled;                ///< the limit is on
-    be32 portEnabled[portCount]; ///< the limit on the port: 0 off, 1 on
-    be32 portMaximum[portCount]; ///< most addresses on the port; 0 means none set
+    be32 portEnabled[portCount]; ///< the limit on the port
+    be32 portMaximum[portCount]; ///< most addresses on the port
     Reserved<116> reserved228;
     be_i32 notificationInterval; ///< notification threshold interval
 };
@@ -251,7 +251,7 @@ static_assert(offsetof(MacLimit, notificationInterval) == 344);
 struct PortMirror {
     Reserved<4> reserved0;
     be32 destinationSet;  ///< a destination is set
-    be32 destinationPort; ///< destination port, counted from 0
+    be32 destinationPort; ///< destination port
     PortBitmap sources;   ///< source ports
 };
 static_assert(record<PortMirror, 16> && offsetof(PortMirror, destinationSet) == 4);
@@ -263,7 +263,7 @@ struct LoopDetection {
     Reserved<1> reserved5;
     be16 interval;       ///< detection interval
     be16 unlockInterval; ///< unlock interval
-    be16 vlans[4];       ///< VLAN ids to watch; 0 is an empty slot
+    be16 vlans[4];       ///< VLAN ids to watch
     u8 allVlans;         ///< loop detection on all VLANs
     Reserved<1> reserved19;
 };
@@ -275,8 +275,8 @@ static_assert(offsetof(LoopDetection, vlans) == 10 && offsetof(LoopDetection, al
 /// Rate limits of the ports.
 struct RateLimits {
     Reserved<4> reserved0;
-    be32 ingress[portCount]; ///< ingress rate of the port; 0 means no limit
-    be32 egress[portCount];  ///< egress rate of the port; 0 means no limit
+    be32 ingress[portCount]; ///< ingress rate of the port
+    be32 egress[portCount];  ///< egress rate of the port
     PortBitmap ingressPorts; ///< ports whose ingress is limited
     PortBitmap egressPorts;  ///< ports whose egress is limited
 };
@@ -286,9 +286,9 @@ static_assert(offsetof(RateLimits, ingressPorts) == 228 && offsetof(RateLimits, 
 /// Storm protection.
 struct StormControl {
     Reserved<140> reserved0;
-    be32 broadcast; ///< index of the broadcast rate; 0 is off
-    be32 multicast; ///< index of the multicast rate; 0 is off
-    be32 unicast;   ///< index of the unicast rate; 0 is off
+    be32 broadcast; ///< index of the broadcast rate
+    be32 multicast; ///< index of the multicast rate
+    be32 unicast;   ///< index of the unicast rate
     Reserved<8> reserved152;
     be_i32 notificationInterval; ///< notification threshold interval
 };
@@ -341,7 +341,7 @@ struct Community {
     u8 active;            ///< community is active
     Secret<24> name;      ///< community name
     Text<57> description; ///< description
-    u8 level;             ///< access: 1 read-only, 2 read-write, 3 admin, 0 not set
+    u8 level;             ///< access
     Reserved<20> reserved84;
 
     /// How much of a description counts when two are compared.
@@ -370,7 +370,7 @@ struct TrapConfig {
     u8 warmStart; ///< warm start
     u8 authFail;  ///< failed authentication
     Reserved<1> reserved3;
-    Bitmap<20> portLink; ///< link of a port; bit 0 alone decides
+    Bitmap<20> portLink; ///< link of a port
     u8 caseFan;          ///< case fan
     Reserved<2> reserved25;
     u8 batteryMode; ///< battery mode
@@ -397,14 +397,14 @@ static_assert(record<QueueWeights, 896>);
 
 /// Priorities and queues.
 struct PriorityConfig {
-    be32 mode;        ///< 0 none, 1 port-based, 2 802.1p, 3 DSCP, 4 VLAN id
-    be32 queuingMode; ///< 0 weighted, 1 none
+    be32 mode;        ///< what decides about the priority
+    be32 queuingMode; ///< queuing mode
     Reserved<29> reserved8;
     u8 queueOf8021p[8]; ///< queue of each 802.1p priority
     u8 queueOfDscp[64]; ///< queue of each DSCP value
     Reserved<28> reserved109;
     u8 userPriority[portCount]; ///< user priority of the port
-    u8 managementPriority;      ///< priority of management traffic; also the user priorities' 29th byte
+    u8 managementPriority;      ///< priority of management traffic
     Reserved<6> reserved166;
     QueueWeights queues;
     Reserved<4> reserved1068;
@@ -416,14 +416,14 @@ static_assert(offsetof(PriorityConfig, managementPriority) == 165 && offsetof(Pr
 
 /// 802.1p remarking entry.
 struct RemarkPriority {
-    u8 marker; ///< never counts as a difference: delta mode sets it in both images
+    u8 marker; ///< mark of the entry
     Reserved<2> unread;
     u8 newPriority; ///< new priority
 };
 
 /// DSCP remarking entry.
 struct RemarkDscp {
-    u8 marker; ///< never counts as a difference: delta mode sets it in both images
+    u8 marker; ///< mark of the entry
     Reserved<1> unread;
     u8 receivedDscp; ///< received DSCP
     u8 newDscp;      ///< new DSCP
@@ -431,7 +431,7 @@ struct RemarkDscp {
 
 /// Remarking.
 struct Remarking {
-    u8 dscpMode;    ///< DSCP remarking: 0 off, 1 by DSCP, 2 by port
+    u8 dscpMode;    ///< DSCP remarking
     u8 remark8021p; ///< 802.1p remarking is on
     Reserved<2> reserved2;
     RemarkPriority priority[8]; ///< 802.1p remarking entries
@@ -519,13 +519,13 @@ struct StpConfig {
     be_i32 maxAge;       ///< max-age
     be_i32 helloTime;    ///< hello-time
     be_i32 forwardDelay; ///< forward delay
-    be32 version;        ///< 1 normal, other values compatible
+    be32 version;        ///< version of the protocol
     Reserved<4> reserved20;
     be32 aggregated;             ///< aggregated ports take part
     be_i32 aggregatedCost;       ///< path cost of aggregated ports
     be_i32 aggregatedPriority;   ///< priority of aggregated ports
     be32 aggregatedEdge;         ///< aggregated ports are edge ports
-    be32 aggregatedPointToPoint; ///< 0 forced true, 1 forced false, 2 auto
+    be32 aggregatedPointToPoint; ///< point-to-point link
     Reserved<4> reserved44;
 };
 static_assert(record<StpConfig, 48> && offsetof(StpConfig, version) == 16 && offsetof(StpConfig, aggregated) == 24);
@@ -533,11 +533,11 @@ static_assert(offsetof(StpConfig, aggregatedPointToPoint) == 40);
 
 /// Spanning tree of the ports.
 struct StpPorts {
-    be32 enabled[portCount];      ///< spanning tree on the port: 0 off, 1 on
+    be32 enabled[portCount];      ///< spanning tree on the port
     be_i32 cost[portCount];       ///< path cost; never printed when negative
     be_i32 priority[portCount];   ///< priority; never printed when negative
-    be32 edge[portCount];         ///< edge port: 0 no, 1 yes
-    be32 pointToPoint[portCount]; ///< 0 forced true, 1 forced false, 2 auto
+    be32 edge[portCount];         ///< edge port
+    be32 pointToPoint[portCount]; ///< point-to-point link
 };
 static_assert(record<StpPorts, 560> && offsetof(StpPorts, cost) == 112 && offsetof(StpPorts, edge) == 336);
 
@@ -546,8 +546,8 @@ static_assert(record<StpPorts, 560> && offsetof(StpPorts, cost) == 112 && offset
 /// Option 82 and trust of the ports.
 struct DhcpSnoopingPorts {
     be32 option;              ///< option 82 is inserted
-    u8 portOption[portCount]; ///< option 82 on the port: 0 off, 1 on
-    u8 trust[portCount];      ///< trust of the port: 0 untrusted
+    u8 portOption[portCount]; ///< option 82 on the port
+    u8 trust[portCount];      ///< trust of the port
     Reserved<24> reserved60;
 };
 static_assert(record<DhcpSnoopingPorts, 84> && offsetof(DhcpSnoopingPorts, portOption) == 4);
@@ -560,7 +560,7 @@ struct ServerTrust {
 };
 static_assert(record<ServerTrust, 5> && offsetof(ServerTrust, ports) == 1);
 
-using SourceGuardModes = u8[portCount]; ///< 0 fixed IP, 1 DHCP, 2 off
+using SourceGuardModes = u8[portCount]; ///< source guard mode of the port
 
 /// Static source guard entry.
 struct SourceGuardEntry {
@@ -568,7 +568,7 @@ struct SourceGuardEntry {
     Ipv4 address; ///< address, IPv4
     Reserved<5> reserved5;
     be16 vlan; ///< VLAN id
-    u8 port;   ///< port, counted from 0
+    u8 port;   ///< port
     Reserved<7> reserved13;
     Ipv6 addressIpv6; ///< address, IPv6; used when the IPv4 address is zero
     Reserved<4> reserved36;
@@ -608,7 +608,7 @@ using SourceBindingTable = SourceBinding[12];
 struct MulticastEntry {
     be32 valid;   ///< entry is valid
     Ipv4 address; ///< group address, IPv4
-    u8 port;      ///< port, counted from 0
+    u8 port;      ///< port
     Reserved<3> reserved9;
     be_i32 vlan;      ///< VLAN id
     Ipv6 addressIpv6; ///< group address, IPv6; used when the IPv4 address is zero
@@ -636,7 +636,7 @@ using MulticastSegmentTable = MulticastSegment[400];
 struct MulticastProfile {
     u8 valid;          ///< entry is valid
     Text<25> name;     ///< profile name
-    be16 segments[10]; ///< segment ids; 0 is an empty slot
+    be16 segments[10]; ///< segment ids
     Reserved<6> reserved46;
 };
 static_assert(record<MulticastProfile, 52> && offsetof(MulticastProfile, segments) == 26);
@@ -644,11 +644,11 @@ using MulticastProfileTable = MulticastProfile[60];
 
 /// IGMP filter of a port.
 struct PortFilter {
-    u8 filterSwitch; ///< in port 1's record the global filter switch; else the platform's
+    u8 filterSwitch; ///< the global filter setting
     Reserved<1> reserved1;
     Text<24> profile[4]; ///< names of the profiles bound to the port; a single blank is an empty slot
     be16 maxGroups;      ///< most groups on the port
-    u8 enabled;          ///< filtering on the port: 0 off, 1 on
+    u8 enabled;          ///< filtering on the port
     Reserved<1> reserved101;
 };
 static_assert(record<PortFilter, 102> && offsetof(PortFilter, profile) == 2 && offsetof(PortFilter, maxGroups) == 98);
@@ -692,7 +692,7 @@ struct Dot1xConfig {
     Reserved<1> reserved39;
     be16 reauthPeriod;         ///< re-authentication period
     u8 timeout;                ///< timeout
-    u8 portControl[portCount]; ///< control of the port: 0 auto, 1 none, 2 unauthorized
+    u8 portControl[portCount]; ///< control of the port
     Reserved<29> reserved71;
 
     /// How much of the secret counts when two are compared, byte by byte.
@@ -705,7 +705,7 @@ static_assert(offsetof(Dot1xConfig, reauthPeriod) == 40 && offsetof(Dot1xConfig,
 struct PoeConfig {
     u8 enabled; ///< PoE is on
     Reserved<7> reserved1;
-    u8 fixedBudget;    ///< budget mode: 0 class, else fixed
+    u8 fixedBudget;    ///< budget mode
     u8 traps;          ///< SNMP traps of PoE
     u8 eventLog;       ///< events are logged
     u8 syslog;         ///< events are reported to syslog
@@ -760,10 +760,10 @@ struct AclRule {
     u8 sourceL4Mask[2];         ///< its mask
     be16 destinationL4Port;     ///< destination layer-4 port
     u8 destinationL4Mask[2];    ///< its mask
-    u8 action;                  ///< 1 permit, 2 copy to mirror, 3 redirect, else deny
-    u8 actionPort;              ///< port of the action, counted from 0
+    u8 action;                  ///< action
+    u8 actionPort;              ///< port of the action
     Reserved<2> reserved102;
-    be_i32 rateLimit; ///< rate limit; 0 means none
+    be_i32 rateLimit; ///< rate limit
     u8 valid;         ///< rule is valid
     Reserved<1> reserved109;
     Bitmap<2> match; ///< fields that take part in the match
@@ -805,7 +805,7 @@ struct TimeRange {
     };
     /// Times on chosen weekdays.
     struct PeriodicList {
-        Bitmap<2> weekdays; ///< weekdays, Sunday first
+        Bitmap<2> weekdays; ///< weekdays
         Text<8> start;      ///< start time
         Text<8> end;        ///< end time
     };
@@ -824,9 +824,9 @@ using TimeRangeTable = TimeRange[10];
 /// PoE settings of a port.
 struct PoePort {
     Text<33> deviceName;   ///< name of the powered device
-    u8 enabled;            ///< PoE on the port: 1 on, 0 off
-    u8 priority;           ///< 0 critical, 1 high, 2 low
-    u8 scheduleEnabled;    ///< schedule on the port: 1 on, 0 off
+    u8 enabled;            ///< PoE on the port
+    u8 priority;           ///< priority
+    u8 scheduleEnabled;    ///< schedule on the port
     Text<33> scheduleName; ///< name of the schedule
     Reserved<3> reserved69;
     be_i32 budget; ///< power budget
@@ -848,7 +848,7 @@ struct BackupConfig {
     u8 enabled; ///< automatic backup is on
     u8 time;    ///< backup time
     Reserved<2> reserved2;
-    be32 protocol;       ///< 1 FTP, other values TFTP
+    be32 protocol;       ///< protocol
     Ipv4 server;         ///< server, IPv4
     Ipv6 serverIpv6;     ///< server, IPv6
     u8 serverIsIpv6;     ///< the IPv6 address is the server's
@@ -874,7 +874,7 @@ struct ConfigImage {
     Reserved<1532> reserved3244;
     PortTable ports;
     Reserved<952> reserved6904;
-    u8 vlanMode; ///< 1 port-based, 2 802.1Q, 3 802.1Q with isolation, 4 QinQ bypassing the customer tag
+    u8 vlanMode; ///< VLAN mode
     Reserved<5> reserved7857;
     VlanPortTable vlanPorts;
     Reserved<18> reserved8198;

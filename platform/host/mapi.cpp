@@ -3,14 +3,12 @@
 #include "platform/mapi.h"
 
 #include "platform/host/factory.h"
+#include "platform/host/password_md5.h"
 #include "platform/host/store.h"
 
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#ifdef TEXTCFG_HAS_CRYPT
-#include <crypt.h>
-#endif
 
 static_assert(sizeof(ConfigImage) == MAPI_CONFIG_IMAGE_SIZE && sizeof(BoardRecord) == MAPI_EEPROM_INFO_SIZE);
 static_assert(MAPI_CONFIG_RUNNING == 0 && MAPI_CONFIG_DEFAULT == 1 && MAPI_CONFIG_STARTUP == 2 &&
@@ -136,19 +134,6 @@ std::int32_t mapi_sys_userauth_method_get(std::int32_t handle) {
 std::int32_t mapi_sys_userauth_password_md5_get(std::int32_t handle, const char *password, char *md5) {
     constexpr const char *operation = "mapi_sys_userauth_password_md5_get";
     if (handle != MAPI_NO_TRANSACTION && find(operation, handle) == nullptr) return refused;
-#ifdef TEXTCFG_HAS_CRYPT
-    constexpr const char *emptySalt = "$1$$";
-    constexpr std::size_t saltLength = 4;
-    constexpr std::size_t digestLength = 22;
-    const char *const crypted = crypt(password, emptySalt);
-    if (crypted == nullptr || std::strncmp(crypted, emptySalt, saltLength) != 0 ||
-        std::strlen(crypted) != saltLength + digestLength)
-        return refuse(operation, "libcrypt makes no MD5 form of this password");
-    std::memcpy(md5, crypted + saltLength, digestLength + 1);
-    return 0;
-#else
-    static_cast<void>(password);
-    static_cast<void>(md5);
-    return refuse(operation, "not supported by this build, which has no libcrypt");
-#endif
+    const char *const problem = makePasswordMd5(password, md5);
+    return problem == nullptr ? 0 : refuse(operation, problem);
 }

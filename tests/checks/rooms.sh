@@ -29,6 +29,7 @@ may platform/host/ "${platform[@]}" 'platform/host/*'
 may app/text/ "${platform[@]}" 'app/text/*'
 may format/ "${platform[@]}" 'format/*' 'app/text/*'
 may sections/ "${platform[@]}" 'sections/*' 'format/*' 'app/text/*'
+may inspect/ "${platform[@]}" 'platform/host/*' 'app/*' 'sections/*' 'format/*' 'inspect/*'
 may app/ "${platform[@]}" 'sections/*' 'format/*' 'app/*'
 
 # Only the stand-in knows of stores.

@@ -1,0 +1,153 @@
+#include "inspect/command_line.h"
+
+#include "inspect/output.h"
+#include "inspect/record_source.h"
+#include "inspect/render.h"
+#include "inspect/show.h"
+
+#include <CLI/CLI.hpp>
+
+#include <charconv>
+#include <csignal>
+#include <exception>
+#include <iostream>
+#include <memory>
+#include <sstream>
+#include <string>
+
+namespace inspect {
+namespace {
+
+constexpr int trouble = 2;
+constexpr const char *program = "textcfg-inspect";
+
+/// A subcommand adds its words, and what is done when it was named.
+using Command = void (*)(CLI::App &app, Output &output);
+
+/// A byte count or offset, decimal or hexadecimal.
+std::uint64_t numberFrom(const std::string &text) {
+    const bool isHexadecimal = text.starts_with("0x");
+    const char *const first = text.data() + (isHexadecimal ? 2 : 0);
+    const char *const last = text.data() + text.size();
+    std::uint64_t number = 0;
+    const std::from_chars_result end = std::from_chars(first, last, number, isHexadecimal ? 16 : 10);
+    if (end.ec != std::errc() || end.ptr != last)
+        throw CLI::ValidationError("found \"" + text + "\"; expected a decimal number, or a hexadecimal one after 0x");
+    return number;
+}
+
+bool yesOrNo(const std::string &text) {
+    if (text != "yes" && text != "no") throw CLI::ValidationError("found \"" + text + "\"; expected yes or no");
+    return text == "yes";
+}
+
+/// The words that say where records come from.
+void addInput(CLI::App &command, InputOptions &options) {
+    command
+        .add_option("RECORD", options.record,
+                    "An image file; a store folder, or FOLDER:running, :default, :startup, :customer_default; - for "
+                    "standard input; builtin:running and so on for the built-in example")
+        ->required();
+    command.add_option("--default", options.defaults, "The default image: a file, a folder or builtin:default")
+        ->type_name("IMAGE");
+    command.add_option("--board", options.board, "The board record: a file, a folder or builtin:board")
+        ->type_name("BOARD");
+    command.add_option("--bank", options.bank, "The image bank in use")->type_name("N");
+    command
+        .add_option_function<std::string>(
+            "--md5", [&options](const std::string &text) { options.md5 = yesOrNo(text); },
+            "Whether passwords are encrypted")
+        ->type_name("yes|no");
+    command
+        .add_option_function<std::string>(
+            "--offset", [&options](const std::string &text) { options.offset = numberFrom(text); },
+            "Where the image begins in RECORD, in bytes")
+        ->type_name("N");
+}
+
+void addText(CLI::App &app, Output &output) {
+    struct Words {
+        InputOptions input;
+        bool delta = false;
+        bool page = false;
+    };
+    CLI::App &command = *app.add_subcommand("text", "Print the text that textcfg writes");
+    const auto words = std::make_shared<Words>();
+    addInput(command, words->input);
+    command.add_flag("--delta", words->delta, "Only what differs from the default image");
+    command.add_flag("--page", words->page, "Without the version line");
+    command.callback([words, &output] {
+        const Input input = loadInput(words->input);
+        Renderer renderer(input);
+        try {
+            output << renderer.text(driverOf(words->delta, words->page, input.isDefaultKind));
+        } catch (const RenderError &error) {
+            throw RenderError(words->input.record + ": " + error.what());
+        }
+        if (!input.image.isExample)
+            for (const std::string &example : input.examples())
+                std::cerr << program << ": " << example << ": the built-in example's\n";
+    });
+}
+
+void addShow(CLI::App &app, Output &output) {
+    struct Words {
+        InputOptions input;
+        ShowOptions show;
+    };
+    CLI::App &command = *app.add_subcommand("show", "List the fields of a record");
+    const auto words = std::make_shared<Words>();
+    addInput(command, words->input);
+    command.add_option("PATTERN", words->show.patterns,
+                       "Shell patterns over paths, as in 'ports[3]', 'ports[*].speed' or 'acl*'");
+    command.add_flag("--changed", words->show.changed, "Only what differs from the default image");
+    command.add_flag("--all", words->show.all, "Unused entries of tables and reserved bytes too");
+    command.add_flag("--json", words->show.json, "As JSON");
+    command.add_flag("--secrets", words->show.secrets, "Secrets and reserved bytes as they are");
+    command
+        .add_option_function<std::string>(
+            "--at", [words](const std::string &text) { words->show.at = numberFrom(text); },
+            "Only the field that holds this byte of the image")
+        ->type_name("OFFSET");
+    command.callback([words, &output] { show(loadInput(words->input), words->show, output); });
+}
+
+constexpr Command commands[] = {addText, addShow};
+
+int complain(const std::string &message) {
+    std::cerr << program << ": " << message << '\n';
+    return trouble;
+}
+
+} // namespace
+
+int commandLine(int argc, char **argv) {
+    // The reader of a pipe may leave, whatever the caller did with the signal.
+    std::signal(SIGPIPE, SIG_DFL);
+    CLI::App app("Look into the configuration records of a switch.", program);
+    app.set_version_flag("--version", std::string(program) + " " TEXTCFG_VERSION);
+    app.set_help_flag("--help", "Print this help and exit");
+    app.require_subcommand(1);
+    Output output;
+    for (const Command add : commands) add(app, output);
+    try {
+        app.parse(argc, argv);
+        output.flush();
+    } catch (const CLI::ParseError &error) {
+        if (error.get_exit_code() != static_cast<int>(CLI::ExitCodes::Success)) return complain(error.what());
+        // --help and --version come this way too.
+        std::ostringstream text;
+        app.exit(error, text, text);
+        try {
+            output << text.str();
+            output.flush();
+        } catch (const OutputError &failed) {
+            return complain(failed.what());
+        }
+    } catch (const std::exception &error) {
+        return complain(error.what());
+    }
+    return 0;
+}
+
+} // namespace inspect

@@ -1,0 +1,74 @@
+/// Prints the list of fields as JSON, for script/image-table.
+#include "inspect/values.h"
+
+#include <cstdio>
+
+namespace {
+
+using inspect::Field;
+using inspect::Json;
+using inspect::Kind;
+using inspect::Record;
+
+const char *nameOf(Kind kind) {
+    switch (kind) {
+    case Kind::flag: return "flag";
+    case Kind::number: return "number";
+    case Kind::code: return "code";
+    case Kind::portNumber: return "port";
+    case Kind::vlanId: return "vlan";
+    case Kind::text: return "text";
+    case Kind::secret: return "secret";
+    case Kind::mac: return "mac";
+    case Kind::ipv4: return "ipv4";
+    case Kind::ipv6: return "ipv6";
+    case Kind::bits: return "bits";
+    case Kind::bytes: return "bytes";
+    case Kind::reserved: return "reserved";
+    case Kind::record: break;
+    }
+    return "record";
+}
+
+Json wordsOf(const Field &field) {
+    Json words = Json::array();
+    for (const inspect::Word &word : field.words) words.push_back({word.code, word.word});
+    for (std::uint32_t code = 0; code < field.wordCount; ++code) words.push_back({code, field.wordOf(code)});
+    return words;
+}
+
+Json listOf(const Record &record) {
+    Json fields = Json::array();
+    for (const Field &field : record.fields) {
+        Json entry;
+        entry["name"] = field.name;
+        entry["offset"] = field.offset;
+        entry["size"] = field.bytes();
+        entry["count"] = field.count;
+        entry["type"] = field.type;
+        entry["kind"] = nameOf(field.kind);
+        entry["first"] = field.firstIndex;
+        entry["words"] = wordsOf(field);
+        entry["otherwise"] = field.otherwise != nullptr ? Json(field.otherwise) : Json();
+        entry["unit"] = field.unit != nullptr ? Json(field.unit) : Json();
+        entry["note"] = field.note != nullptr ? Json(field.note) : Json();
+        entry["members"] = field.members == inspect::Members::ports   ? "ports"
+                           : field.members == inspect::Members::vlans ? "vlans"
+                                                                      : "bits";
+        if (field.record != nullptr) {
+            entry["record"] = listOf(*field.record);
+            entry["inUse"] = field.record->inUse != nullptr ? field.record->inUse->name : field.inUse;
+        }
+        fields.push_back(entry);
+    }
+    return fields;
+}
+
+} // namespace
+
+int main() {
+    Json document;
+    for (const inspect::Part part : inspect::parts)
+        document[std::string(inspect::nameOf(part))] = listOf(inspect::recordOf(part));
+    return std::puts(document.dump(1).c_str()) < 0 || std::fflush(stdout) != 0 ? 1 : 0;
+}

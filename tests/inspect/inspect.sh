@@ -1,0 +1,107 @@
+#!/bin/bash
+# textcfg-inspect as people call it: what it prints, its statuses, and that no secret is in it.
+#
+#     inspect.sh TEXTCFG_INSPECT
+. "$(dirname -- "${BASH_SOURCE[0]}")/../checks/common.sh"
+
+program=$1
+scratch=$(mktemp -d) || exit 1
+trap 'rm -rf "$scratch"' EXIT
+cd "$scratch" || exit 1
+
+# call STATUS WORD…
+call() {
+    local expected=$1 status=0
+    shift
+    "$program" "$@" >out 2>err || status=$?
+    ((status == expected)) || found "$*: status $status, not $expected: $(head -c 300 err)"
+}
+# says FILE PATTERN: a line of out or err is like this.
+says() { grep -qe "$2" "$1" || found "no line of $1 is like $2: $(head -c 300 "$1")"; }
+
+call 0 --version
+says out '^textcfg-inspect [0-9.]*$'
+for words in --help 'text --help' 'show --help'; do
+    # shellcheck disable=SC2086 # words
+    call 0 $words
+    says out '^Usage: '
+done
+for words in '' nonsense show text 'show nowhere' 'show builtin:running --nonsense' 'text builtin:running further' \
+    'show builtin:running nonsense' 'show builtin:running --at 262144' 'show builtin:running --at x' \
+    'text builtin:running --md5 maybe' 'text builtin:running --bank x' 'show builtin:running --offset -1'; do
+    # shellcheck disable=SC2086 # words
+    call 2 $words
+    [[ ! -s out ]] || found "$words: wrote on standard output"
+    says err '^textcfg-inspect: '
+done
+
+# Fields, one line each.
+call 0 show builtin:running 'ports[3].speed'
+printf 'ports[3].speed                      3 automatic                       4940  0x0134c\n' | cmp -s - out ||
+    found "not as expected: $(cat out)"
+call 0 show builtin:running --at 0x134f
+says out '^ports\[3\].speed '
+call 0 show builtin:running 'trunks[14].name'
+says out '^trunks\[14\].name  '
+call 0 show builtin:running 'trunks*'
+grep -q '^trunks\[14\]' out && found "an entry that is not in use is shown"
+call 0 show builtin:running 'trunks*' --all
+says out '^trunks\[14\].members  *-  '
+call 0 show builtin:running --changed
+says out '^equals default  *no$'
+says out '^company.hostName  '
+grep -q '^board\.' out && found "the board record is compared with nothing"
+call 0 show builtin:default --changed
+says out '^equals default  *yes$'
+grep -q '0x0' out && found "the default image differs from itself"
+
+# Secrets are shown only where they are asked for.
+password=$("$program" show builtin:running 'users[1].password' --secrets | sed 's/^[^"]*"\(.*\)".*$/\1/')
+[[ $password ]] || found "the built-in example has no password"
+for words in '' --all --json '--all --json' --changed; do
+    # shellcheck disable=SC2086 # words
+    call 0 show builtin:running $words
+    grep -qF -- "$password" out && found "show $words: prints a secret"
+done
+
+# An image without anything next to it: fields can be shown, a text needs more.
+head -c 262144 /dev/zero >zero.img
+call 0 show zero.img
+call 0 show - <zero.img
+call 2 show - </dev/null
+says err '^textcfg-inspect: standard input: found 0 bytes; expected 262144 bytes$'
+call 2 show - < <(cat zero.img zero.img)
+says err '^textcfg-inspect: standard input: found more than 262144 bytes; expected 262144 bytes$'
+call 2 text zero.img
+says err 'zero.img: found no default.img next to it'
+call 0 text zero.img --default builtin:default --board builtin:board --bank 1 --md5 no
+says err "default: the built-in example's"
+
+# Readers that leave, and outputs that are full.
+"$program" show builtin:running --all --json | head -n 1 >/dev/null
+status=${PIPESTATUS[0]}
+((status == 141)) || found "a reader that leaves: status $status, not that of SIGPIPE"
+status=0
+"$program" text builtin:running >/dev/full 2>err || status=$?
+((status == 2)) || found "a full output: status $status"
+says err '^textcfg-inspect: standard output: '
+
+# JSON is as docs/inspect-schema.json says.
+for words in '' --all '--all --secrets' --changed 'ports[3] lacp.key[2]' '--at 4940'; do
+    # shellcheck disable=SC2086 # words
+    call 0 show builtin:running --json $words
+    /usr/bin/python3 - "$root/docs/inspect-schema.json" out <<'PYTHON' || found "show --json $words is not as the schema says"
+import json
+import sys
+
+import jsonschema
+
+schema, document = (json.load(open(name, encoding="utf-8")) for name in sys.argv[1:])
+jsonschema.Draft7Validator.check_schema(schema)
+errors = list(jsonschema.Draft7Validator(schema).iter_errors(document))
+for error in errors[:5]:
+    print(list(error.path), error.message[:200])
+sys.exit(bool(errors))
+PYTHON
+done
+conclude
