@@ -9,8 +9,6 @@ bool appendValueLine(std::uint32_t value, std::initializer_list<ValueLine> lines
     return false;
 }
 
-void appendOnOff(bool isSet, Line on, Line off) { append(isSet ? on : off); }
-
 void appendValueBlocks(Format<PortSet> head, const std::uint32_t *values, std::size_t ports,
                        std::initializer_list<ValueLine> lines) {
     for (const ValueLine &row : lines) {

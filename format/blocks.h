@@ -19,9 +19,6 @@ struct ValueLine {
 /// Appends the line of `value`. Returns whether there is one.
 bool appendValueLine(std::uint32_t value, std::initializer_list<ValueLine> lines);
 
-/// Appends `on` or `off`.
-void appendOnOff(bool isSet, Line on, Line off);
-
 /// Appends a block for each value of `lines` that some port has, in their order. Ports with another value are in none.
 void appendValueBlocks(Format<PortSet> head, const std::uint32_t *values, std::size_t ports,
                        std::initializer_list<ValueLine> lines);

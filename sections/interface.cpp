@@ -5,26 +5,24 @@
 
 // ------------------------------------------------------------------------------------------------- physical ports
 
-namespace {
-
 /// A setting of the ports: a block for each value.
-template <std::size_t Ports, class Record, class Field> void appendPortBlocks(const SectionLines<Record[Ports]> &ports,
-                                                                              Field Record::*field,
-                                                                              std::initializer_list<ValueLine> lines) {
+template <std::size_t Ports, class Record, class Field>
+static void appendPortBlocks(const SectionLines<Record[Ports]> &ports, Field Record::*field,
+                             std::initializer_list<ValueLine> lines) {
     const PortValues<Ports> values = valuesOf(ports.current, field);
     if (ports.full || values != valuesOf(ports.defaults, field)) appendValueBlocks("interface %s \n", values, lines);
 }
 
 /// Descriptions that differ from the default, in full mode too. A joined port is marked with the default description of
 /// the port that leads the block, not with its own: where those differ it is written once more.
-void appendDescriptions() {
+static void appendDescriptions() {
     const auto defaultOf = [](std::size_t port) { return gDefConfig->ports[port].description; };
     appendNameBlocks("interface %s\n", textsOf(gSysConfig->ports, &PortSettings::description), defaultOf, defaultOf,
                      "description %s \n");
 }
 
 /// Whether the "no" form comes first differs between the settings: the order is the format.
-int write(const SectionLines<PortTable> &ports) {
+static int write(const SectionLines<PortTable> &ports) {
     appendPortBlocks(ports, &PortSettings::administrativeState, {{1, "shutdown\n"}, {0, "no shutdown\n"}});
     appendPortBlocks(ports, &PortSettings::mediaType, {{0, "no media-type\n"}, {1, "media-type sfp\n"}});
     appendPortBlocks(ports, &PortSettings::autoNegotiation, {{1, "auto-negotiation\n"}, {0, "no auto-negotiation\n"}});
@@ -36,17 +34,12 @@ int write(const SectionLines<PortTable> &ports) {
     return 0;
 }
 
-} // namespace
-
 int full::PortConfigFunc_configure_interface() {
     // Does not trace in this mode.
     return write({gSysConfig->ports});
 }
 
-int delta::PortConfigFunc_configure_interface() {
-    trace();
-    return write({gSysConfig->ports, gDefConfig->ports});
-}
+int delta::PortConfigFunc_configure_interface() { return trace(), write({gSysConfig->ports, gDefConfig->ports}); }
 
 int full::PortConfigFunc_configure_interface_lan() { return 0; }
 int full::PortConfigFunc_configure_interface_wan() { return 0; }
@@ -56,9 +49,7 @@ int full::WifiConfigFunc_configure_interface() { return trace(); }
 
 // --------------------------------------------------------------------------------------------- Power over Ethernet
 
-namespace {
-
-int write(const SectionLines<PoeConfig> &poe) {
+static int write(const SectionLines<PoeConfig> &poe) {
     if (!g_EEPROM.hasPoe()) return 0;
     poe.onOff(&PoeConfig::enabled, {"poe \n", "poe\n"}, "no poe\n");
     poe.value(&PoeConfig::alarmThreshold, {"poe alarm-threshold %d \n", "poe alarm-threshold %d\n"});
@@ -69,16 +60,10 @@ int write(const SectionLines<PoeConfig> &poe) {
     return 0;
 }
 
-} // namespace
-
-int full::convConfigPOEConfig_POEConfig_configure_poe(const PoeConfig &current) {
-    trace();
-    return write({current});
-}
+int full::convConfigPOEConfig_POEConfig_configure_poe(const PoeConfig &current) { return trace(), write({current}); }
 
 int delta::convConfigPOEConfig_POEConfig_configure_poe(const PoeConfig &current, const PoeConfig &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
 
 namespace {
@@ -129,12 +114,10 @@ int write(const SectionLines<PoePortTable> &ports, const PoePortTable &defaults)
 
 int full::convConfigPOEConfig_POEConfig_configure_interface_poe(const PoePortTable &current,
                                                                 const PoePortTable &defaults) {
-    trace();
-    return write({current}, defaults);
+    return trace(), write({current}, defaults);
 }
 
 int delta::convConfigPOEConfig_POEConfig_configure_interface_poe(const PoePortTable &current,
                                                                  const PoePortTable &defaults) {
-    trace();
-    return write({current, defaults}, defaults);
+    return trace(), write({current, defaults}, defaults);
 }

@@ -4,9 +4,7 @@
 
 // ----------------------------------------------------------------------------------------------------------- IPv4
 
-namespace {
-
-int write(const SectionLines<Ipv4Interface> &ip) {
+static int write(const SectionLines<Ipv4Interface> &ip) {
     // Full mode has a line for the two known modes only; in delta mode every mode but 1 is off.
     if (ip.full) ip.code(&Ipv4Interface::dhcpMode, {{1, "ip address dhcp\n"}, {0, "no ip address dhcp\n"}});
     else ip.code(&Ipv4Interface::dhcpMode, {{1, "ip address dhcp\n"}}, "no ip address dhcp\n");
@@ -17,34 +15,24 @@ int write(const SectionLines<Ipv4Interface> &ip) {
     return 0;
 }
 
-} // namespace
-
 int full::convConfigNetConfig_mid_sys_netcfg_ipv4_configure_ip(const Ipv4Interface &current) {
-    trace();
-    return write({current});
+    return trace(), write({current});
 }
 
 int delta::convConfigNetConfig_mid_sys_netcfg_ipv4_configure_ip(const Ipv4Interface &current,
                                                                 const Ipv4Interface &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
 
 int full::convConfigNetConfig_mid_sys_ddns_server_configure() { return trace(); }
-
 int full::convConfigNetConfig_mid_sys_dhcp_server_configure() { return trace(); }
-
 int full::convConfigDNSConfig_mid_sys_dns_cfg_configure_ip_name_server() { return trace(); }
-
 int full::convConfig_mid_forward_dynamic_route_configure() { return trace(); }
-
 int full::convConfig_mid_forward_static_route_idx_configure() { return trace(); }
 
 // ----------------------------------------------------------------------------------------------------------- IPv6
 
-namespace {
-
-int write(const SectionLines<Ipv6Interface> &ipv6) {
+static int write(const SectionLines<Ipv6Interface> &ipv6) {
     const Ipv6Interface &current = ipv6.current;
     ipv6.onOff(&Ipv6Interface::enabled, "ipv6 enable\n", "no ipv6 enable\n");
     ipv6.onOff(&Ipv6Interface::autoconfiguration, "ipv6 address autoconfig\n", "no ipv6 address autoconfig\n");
@@ -62,33 +50,21 @@ int write(const SectionLines<Ipv6Interface> &ipv6) {
     return 0;
 }
 
-} // namespace
-
 int full::convConfigNetConfig_mid_sys_netcfg_ipv6_configure_ipv6(const Ipv6Interface &current) {
-    trace();
-    return write({current});
+    return trace(), write({current});
 }
 
 int delta::convConfigNetConfig_mid_sys_netcfg_ipv6_configure_ipv6(const Ipv6Interface &current,
                                                                   const Ipv6Interface &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
 
 int full::convConfig_mid_sys_netcfg_wan_configure() { return trace(); }
-
 int full::convConfig_mid_sys_netcfg_ipv4_lan_configure() { return trace(); }
-
 int full::convConfig_mid_sys_netcfg_wan_ipv6_configure() { return trace(); }
-
 int full::convConfig_mid_sys_netcfg_ipv6_lan_configure() { return trace(); }
-
 int full::convConfig_mid_sys_dhcpv6_server_configure() { return trace(); }
-
 int full::convConfig_mid_sys_dhcpv6_srv_state_idx_configure() { return trace(); }
-
 int full::convConfig_mid_sys_radvd_configure() { return trace(); }
-
 int full::convConfig_mid_sys_ddns_ipv6_configure() { return trace(); }
-
 int full::convConfig_mid_forward_static_ipv6_route_idx_configure() { return trace(); }

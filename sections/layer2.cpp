@@ -6,19 +6,15 @@
 
 #include <iterator>
 
-namespace {
-
 /// Appends a block for the front ports in `members`, with `line` for `value`; nothing if there is none.
 template <std::size_t Bytes, class Value>
-void appendMembers(const Bitmap<Bytes> &members, std::type_identity_t<Format<Value>> line, const Value &value) {
+static void appendMembers(const Bitmap<Bytes> &members, std::type_identity_t<Format<Value>> line, const Value &value) {
     const PortSet ports = portsIn(members);
     if (ports.empty()) return;
     append("interface %s \n", ports);
     append(line, value);
     append("exit\n");
 }
-
-} // namespace
 
 // ---------------------------------------------------------------------------------------------------- VLANs, globally
 
@@ -37,29 +33,21 @@ int delta::convConfigVLANConfig_mid_sys_vlan_config_configure_vlan(const u8 &cur
     return 0;
 }
 
-namespace {
-
 /// Delta mode writes it too, changed or not.
-int write(const QinQConfig &qinq) {
+static int write(const QinQConfig &qinq) {
     append("vlan dot1q-tunnel ethertype %X\n", qinq.ethertype);
     return 0;
 }
 
-} // namespace
-
 int full::convConfigQinQConfig_QinQConfig_configure_vlan_dot1q_tunnel(const QinQConfig &current) {
-    trace();
-    return write(current);
+    return trace(), write(current);
 }
 
 int delta::convConfigQinQConfig_QinQConfig_configure_vlan_dot1q_tunnel(const QinQConfig &current) {
-    trace();
-    return write(current);
+    return trace(), write(current);
 }
 
-namespace {
-
-int write(const SectionLines<Isolation> &isolation) {
+static int write(const SectionLines<Isolation> &isolation) {
     const auto uplinks = [](const Isolation &of) { return textOf(of.uplinks); };
     const auto others = [](const Isolation &of) { return textOf(complementOf(of.uplinks)); };
     const Isolation &current = isolation.current;
@@ -72,26 +60,20 @@ int write(const SectionLines<Isolation> &isolation) {
     return 0;
 }
 
-} // namespace
-
 int full::convConfigVLANConfig_mid_vlan_port_iso_config_configure_vlan_isolation(const Isolation &current) {
-    trace();
-    return write({current});
+    return trace(), write({current});
 }
 
 int delta::convConfigVLANConfig_mid_vlan_port_iso_config_configure_vlan_isolation(const Isolation &current,
                                                                                   const Isolation &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
 
-namespace {
-
-bool hasCpuPort(const PortVlan &vlan) { return utilBitmapCheck(vlan.members.bytes, cpuPort) == 1; }
+static bool hasCpuPort(const PortVlan &vlan) { return utilBitmapCheck(vlan.members.bytes, cpuPort) == 1; }
 
 /// Full mode removes every VLAN of the default image first, also one that the current image has too. Delta mode
 /// compares names: a change of the CPU port's membership alone has no line.
-int write(const SectionLines<PortVlanTable> &table, const PortVlanTable &defaults) {
+static int write(const SectionLines<PortVlanTable> &table, const PortVlanTable &defaults) {
     const auto isNew = [&](int i) { return table.full || !sameText(table.current[i].name, defaults[i].name); };
     for (int i = 0; i < portCount; ++i)
         if (isOn(defaults[i].inUse) && isNew(i)) append("no vlan port-based %s\n", defaults[i].name);
@@ -105,18 +87,14 @@ int write(const SectionLines<PortVlanTable> &table, const PortVlanTable &default
     return 0;
 }
 
-} // namespace
-
 int full::convConfigPortVLAN_mid_sys_vlan_portVlan_configure_vlan_port_based(const PortVlanTable &current,
                                                                              const PortVlanTable &defaults) {
-    trace();
-    return write({current}, defaults);
+    return trace(), write({current}, defaults);
 }
 
 int delta::convConfigPortVLAN_mid_sys_vlan_portVlan_configure_vlan_port_based(const PortVlanTable &current,
                                                                               const PortVlanTable &defaults) {
-    trace();
-    return write({current, defaults}, defaults);
+    return trace(), write({current, defaults}, defaults);
 }
 
 // ----------------------------------------------------------------------------------------------- the management VLAN
@@ -126,12 +104,8 @@ namespace {
 /// Index of the first VLAN with the CPU port; -1 if there is none before the first entry that is not in use. The table
 /// is packed from its start, so nothing after such an entry is looked at.
 int managementVlanIndex(const TagVlanTable &vlans) {
-    int index = 0;
-    for (const TagVlan &vlan : vlans) {
-        if (!isOn(vlan.inUse)) return -1;
-        if (utilBitmapCheck(vlan.members.bytes, cpuPort) == 1) return index;
-        ++index;
-    }
+    for (int i = 0; i < static_cast<int>(std::size(vlans)) && isOn(vlans[i].inUse); ++i)
+        if (utilBitmapCheck(vlans[i].members.bytes, cpuPort) == 1) return i;
     return -1;
 }
 
@@ -141,9 +115,7 @@ struct ManagementPorts {
     PortSet trunk;
     PortSet trunkNative;
 
-    friend bool operator==(const ManagementPorts &a, const ManagementPorts &b) {
-        return a.access == b.access && a.trunk == b.trunk && a.trunkNative == b.trunkNative;
-    }
+    friend bool operator==(const ManagementPorts &, const ManagementPorts &) = default;
 };
 
 /// A dot1q-tunnel port belongs in no way, member or not.
@@ -194,13 +166,13 @@ int delta::ManageVLANFunc_configure_vlan() {
 
 // ----------------------------------------------------------------------------------------------- VLANs, per interface
 
-namespace {
-
 /// Whether two entries are the same to trunk ports. Whether they are in use does not count, nor does the CPU port.
-bool sameTrunkVlan(const TagVlan &a, const TagVlan &b) { return a.id == b.id && samePorts(a.members, b.members); }
+static bool sameTrunkVlan(const TagVlan &a, const TagVlan &b) {
+    return a.id == b.id && samePorts(a.members, b.members);
+}
 
 /// Full mode removes every VLAN of the default image first, also one that the current image has too.
-void writeTrunkVlans(const SectionLines<TagVlanTable> &table, const TagVlanTable &defaults) {
+static void writeTrunkVlans(const SectionLines<TagVlanTable> &table, const TagVlanTable &defaults) {
     const TagVlanTable &vlans = table.current;
     const auto isNew = [&](std::size_t i) { return table.full || !sameTrunkVlan(vlans[i], defaults[i]); };
     for (std::size_t i = 0; i < std::size(defaults); ++i)
@@ -211,7 +183,7 @@ void writeTrunkVlans(const SectionLines<TagVlanTable> &table, const TagVlanTable
             appendMembers(vlans[i].members, "vlan dot1q-vlan trunk-vlan %d\n", vlans[i].id);
 }
 
-int write(const SectionLines<VlanPortTable> &ports, const SectionLines<TagVlanTable> &vlans) {
+static int write(const SectionLines<VlanPortTable> &ports, const SectionLines<TagVlanTable> &vlans) {
     const auto accessVlans = [](const VlanPortTable &of) { return valuesOf(of, &VlanPort::accessVlan); };
     if (ports.dueBy(accessVlans)) {
         // 0 means none. The list ends its line without a blank, unlike those of the trunk VLANs and the modes.
@@ -232,23 +204,17 @@ int write(const SectionLines<VlanPortTable> &ports, const SectionLines<TagVlanTa
     return 0;
 }
 
-} // namespace
-
 int full::convConfigVLANConfig_mid_sys_vlan_config_configure_interface_vlan(const VlanPortTable &current) {
-    trace();
-    return write({current}, {gSysConfig->tagVlans});
+    return trace(), write({current}, {gSysConfig->tagVlans});
 }
 
 int delta::convConfigVLANConfig_mid_sys_vlan_config_configure_interface_vlan(const VlanPortTable &current,
                                                                              const VlanPortTable &defaults) {
-    trace();
-    return write({current, defaults}, {gSysConfig->tagVlans, gDefConfig->tagVlans});
+    return trace(), write({current, defaults}, {gSysConfig->tagVlans, gDefConfig->tagVlans});
 }
 
-namespace {
-
 /// Delta mode compares the ports: a change of the name alone has no block.
-int writePortVlanMembers(const SectionLines<PortVlanTable> &table) {
+static int writePortVlanMembers(const SectionLines<PortVlanTable> &table) {
     for (int i = 0; i < portCount; ++i) {
         const PortVlan &vlan = table.current[i];
         if (isOn(vlan.inUse) && (table.full || !samePorts(vlan.members, table.defaults[i].members)))
@@ -257,24 +223,18 @@ int writePortVlanMembers(const SectionLines<PortVlanTable> &table) {
     return 0;
 }
 
-} // namespace
-
 int full::convConfigPortVLAN_mid_sys_vlan_portVlan_configure_interface_vlan_port_based(const PortVlanTable &current) {
-    trace();
-    return writePortVlanMembers({current});
+    return trace(), writePortVlanMembers({current});
 }
 
 int delta::convConfigPortVLAN_mid_sys_vlan_portVlan_configure_interface_vlan_port_based(const PortVlanTable &current,
                                                                                         const PortVlanTable &defaults) {
-    trace();
-    return writePortVlanMembers({current, defaults});
+    return trace(), writePortVlanMembers({current, defaults});
 }
-
-namespace {
 
 /// A VLAN without a name has no block of its own; its ports name it. In delta mode any byte of the entry makes a
 /// change, those that are not written included.
-int write(const SectionLines<TagVlanTable> &table) {
+static int write(const SectionLines<TagVlanTable> &table) {
     for (std::size_t i = 0; i < std::size(table.current); ++i) {
         const TagVlan &vlan = table.current[i];
         if (!isOn(vlan.inUse) || vlan.name.empty() || !table[i].changed()) continue;
@@ -285,28 +245,21 @@ int write(const SectionLines<TagVlanTable> &table) {
     return 0;
 }
 
-} // namespace
-
 int full::convConfigTagVLAN_mid_sys_vlan_tagVlan_configure_vlan(const TagVlanTable &current) {
-    trace();
-    return write({current});
+    return trace(), write({current});
 }
 
 int delta::convConfigTagVLAN_mid_sys_vlan_tagVlan_configure_vlan(const TagVlanTable &current,
                                                                  const TagVlanTable &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
 
 int full::convConfigVLANConfig_mid_sys_vlan_config_configure_interface_lan_vlan() { return trace(); }
-
 int full::convConfigVLANConfig_mid_sys_vlan_config_configure_interface_wan_vlan() { return trace(); }
 
 // ------------------------------------------------------------------------------------------ spanning tree and BPDUs
 
-namespace {
-
-int write(const SectionLines<StpConfig> &stp) {
+static int write(const SectionLines<StpConfig> &stp) {
     stp.value(&StpConfig::priority, "spanning-tree priority %d\n");
     stp.value(&StpConfig::maxAge, "spanning-tree max-age %d\n");
     stp.value(&StpConfig::helloTime, "spanning-tree hello-time %d\n");
@@ -323,45 +276,31 @@ int write(const SectionLines<StpConfig> &stp) {
     return 0;
 }
 
-} // namespace
-
-int full::convConfigSTPConfig_STPConfig_configure_spanning_tree() {
-    trace();
-    return write({gSysConfig->stp});
-}
+int full::convConfigSTPConfig_STPConfig_configure_spanning_tree() { return trace(), write({gSysConfig->stp}); }
 
 int delta::convConfigSTPConfig_STPConfig_configure_spanning_tree(const StpConfig &current, const StpConfig &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
 
-namespace {
-
 /// The order is neither that of the flags nor that of the ranges.
-int writeBpdus(const SectionLines<SwitchConfig> &config) {
+static int writeBpdus(const SectionLines<SwitchConfig> &config) {
     config.onOff(&SwitchConfig::blockBpdu00to0F, "no switch bpdu 00-0F\n", "switch bpdu 00-0F permit\n");
     config.onOff(&SwitchConfig::blockBpdu20to2F, "no switch bpdu 20-2F\n", "switch bpdu 20-2F permit\n");
     config.onOff(&SwitchConfig::blockBpdu10, "no switch bpdu 10\n", "switch bpdu 10 permit\n");
     return 0;
 }
 
-} // namespace
-
 int full::convConfigSwitchConfig_SwitchConfig_configure_switch_bpdu(const SwitchConfig &current) {
-    trace();
-    return writeBpdus({current});
+    return trace(), writeBpdus({current});
 }
 
 int delta::convConfigSwitchConfig_SwitchConfig_configure_switch_bpdu(const SwitchConfig &current,
                                                                      const SwitchConfig &defaults) {
-    trace();
-    return writeBpdus({current, defaults});
+    return trace(), writeBpdus({current, defaults});
 }
 
-namespace {
-
 /// A block for each number that is not negative, in the order of its lowest port, with `line` for the number.
-void appendNumberBlocks(const be_i32 (&numbers)[portCount], Format<std::uint32_t> line) {
+static void appendNumberBlocks(const be_i32 (&numbers)[portCount], Format<std::uint32_t> line) {
     constexpr std::uint32_t written = UINT32_MAX; // -1
     for (const PortGroup &group : groupsOf(valuesOf(numbers), written)) {
         if (static_cast<std::int32_t>(group.value) < 0) continue;
@@ -371,7 +310,7 @@ void appendNumberBlocks(const be_i32 (&numbers)[portCount], Format<std::uint32_t
     }
 }
 
-int write(const SectionLines<StpPorts> &ports) {
+static int write(const SectionLines<StpPorts> &ports) {
     ports.blocks(&StpPorts::enabled, "interface %s \n", {{0, "no spanning-tree\n"}, {1, "spanning-tree\n"}});
     if (ports.due(&StpPorts::cost)) appendNumberBlocks(ports.current.cost, "spanning-tree cost %ld\n");
     if (ports.due(&StpPorts::priority)) appendNumberBlocks(ports.current.priority, "spanning-tree priority %d\n");
@@ -383,46 +322,34 @@ int write(const SectionLines<StpPorts> &ports) {
     return 0;
 }
 
-} // namespace
-
 int full::convConfigSTPConfig_STPConfig_configure_interface_spanning_tree(const StpPorts &current) {
-    trace();
-    return write({current});
+    return trace(), write({current});
 }
 
 int delta::convConfigSTPConfig_STPConfig_configure_interface_spanning_tree(const StpPorts &current,
                                                                            const StpPorts &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
 
 // ------------------------------------------------------------------------------------------------- link aggregation
 
-namespace {
-
 /// Delta mode writes them too, changed or not.
-int write(const TrunkTable &trunks) {
+static int write(const TrunkTable &trunks) {
     for (const TrunkGroup &group : trunks)
         if (isOn(group.inUse)) append("channel-group trunking %s\n", group.name);
     return 0;
 }
 
-} // namespace
-
 int full::convConfigPortTrunk_PortTrunk_configure_channel_group(const TrunkTable &current) {
-    trace();
-    return write(current);
+    return trace(), write(current);
 }
 
 int delta::convConfigPortTrunk_PortTrunk_configure_channel_group(const TrunkTable &current) {
-    trace();
-    return write(current);
+    return trace(), write(current);
 }
 
-namespace {
-
 /// The destination of each pair goes before the source and the addresses of layer 2 go last, against the stored order.
-int write(const SectionLines<DistributionRules> &rules) {
+static int write(const SectionLines<DistributionRules> &rules) {
     rules.onOff(&DistributionRules::destinationIp, "channel-group distribution-rule destination-ip\n",
                 "no channel-group distribution-rule destination-ip\n");
     rules.onOff(&DistributionRules::sourceIp, "channel-group distribution-rule source-ip\n",
@@ -438,24 +365,18 @@ int write(const SectionLines<DistributionRules> &rules) {
     return 0;
 }
 
-} // namespace
-
 int full::convConfigPortTrunkMode_PortTrunkMode_configure_channel_group(const DistributionRules &current) {
-    trace();
-    return write({current});
+    return trace(), write({current});
 }
 
 int delta::convConfigPortTrunkMode_PortTrunkMode_configure_channel_group(const DistributionRules &current,
                                                                          const DistributionRules &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
-
-namespace {
 
 /// The ports of a key are in a list that ends with a blank, those of a role or of the on/off setting in one that does
 /// not.
-int write(const SectionLines<LacpConfig> &lacp) {
+static int write(const SectionLines<LacpConfig> &lacp) {
     const PortValues<portCount> keys = valuesOf(lacp.current.key);
     const PortValues<portCount> defaultKeys = valuesOf(lacp.defaults.key);
     for (std::uint32_t key = 0; key <= UINT8_MAX; ++key) {
@@ -474,23 +395,17 @@ int write(const SectionLines<LacpConfig> &lacp) {
     return 0;
 }
 
-} // namespace
-
 int full::convConfigLACPConfig_mid_sys_lacp_configure_interface_channel_group_lacp(const LacpConfig &current) {
-    trace();
-    return write({current});
+    return trace(), write({current});
 }
 
 int delta::convConfigLACPConfig_mid_sys_lacp_configure_interface_channel_group_lacp(const LacpConfig &current,
                                                                                     const LacpConfig &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
 
-namespace {
-
 /// Delta mode compares the ports: a change of the name alone has no block.
-int writeTrunkMembers(const SectionLines<TrunkTable> &table) {
+static int writeTrunkMembers(const SectionLines<TrunkTable> &table) {
     for (std::size_t i = 0; i < std::size(table.current); ++i) {
         const TrunkGroup &group = table.current[i];
         if (isOn(group.inUse) && (table.full || !samePorts(group.members, table.defaults[i].members)))
@@ -499,24 +414,18 @@ int writeTrunkMembers(const SectionLines<TrunkTable> &table) {
     return 0;
 }
 
-} // namespace
-
 int full::convConfigPortTrunk_PortTrunk_configure_interface_channel_group_trunking(const TrunkTable &current) {
-    trace();
-    return writeTrunkMembers({current});
+    return trace(), writeTrunkMembers({current});
 }
 
 int delta::convConfigPortTrunk_PortTrunk_configure_interface_channel_group_trunking(const TrunkTable &current,
                                                                                     const TrunkTable &defaults) {
-    trace();
-    return writeTrunkMembers({current, defaults});
+    return trace(), writeTrunkMembers({current, defaults});
 }
 
 // ------------------------------------------------------------------------------------------------------------ mirror
 
-namespace {
-
-int writeDestination(const SectionLines<PortMirror> &mirror) {
+static int writeDestination(const SectionLines<PortMirror> &mirror) {
     if (!mirror.due(&PortMirror::destinationSet) && !mirror.due(&PortMirror::destinationPort)) return 0;
     if (isOn(mirror.current.destinationSet))
         append("mirror destination %d\n", mirror.current.destinationPort.value() + 1);
@@ -524,25 +433,19 @@ int writeDestination(const SectionLines<PortMirror> &mirror) {
     return 0;
 }
 
-} // namespace
-
 int full::convConfigPortMirror_PortMirror_configure_mirror_destination(const PortMirror &current) {
-    trace();
-    return writeDestination({current});
+    return trace(), writeDestination({current});
 }
 
 int delta::convConfigPortMirror_PortMirror_configure_mirror_destination(const PortMirror &current,
                                                                         const PortMirror &defaults) {
-    trace();
-    return writeDestination({current, defaults});
+    return trace(), writeDestination({current, defaults});
 }
 
 int full::convConfigPortMirror_PortMirror_configure_mirror_mode() { return trace(); }
 
-namespace {
-
 /// One line of the whole switch and no block, though it lists ports. Bits beyond the last port make a change too.
-int writeSources(const SectionLines<PortMirror> &mirror) {
+static int writeSources(const SectionLines<PortMirror> &mirror) {
     if (!mirror.due(&PortMirror::sources)) return 0;
     if (const PortSet sources = portsIn(mirror.current.sources); !sources.empty())
         append("mirror source %s \n", sources);
@@ -550,24 +453,18 @@ int writeSources(const SectionLines<PortMirror> &mirror) {
     return 0;
 }
 
-} // namespace
-
 int full::convConfigPortMirror_PortMirror_configure_mirror_source(const PortMirror &current) {
-    trace();
-    return writeSources({current});
+    return trace(), writeSources({current});
 }
 
 int delta::convConfigPortMirror_PortMirror_configure_mirror_source(const PortMirror &current,
                                                                    const PortMirror &defaults) {
-    trace();
-    return writeSources({current, defaults});
+    return trace(), writeSources({current, defaults});
 }
 
 // ---------------------------------------------------------------------------------------------------- loop detection
 
-namespace {
-
-int write(const SectionLines<LoopDetection> &loop) {
+static int write(const SectionLines<LoopDetection> &loop) {
     if (g_EEPROM.isType5027()) return 0;
     loop.onOff(&LoopDetection::enabled, "loop-detection\n", "no loop-detection\n");
     loop.value(&LoopDetection::interval, "loop-detection interval %d\n");
@@ -582,67 +479,49 @@ int write(const SectionLines<LoopDetection> &loop) {
     return 0;
 }
 
-} // namespace
-
 int full::convConfigLoopDetection_LoopDetection_configure_loop_detection(const LoopDetection &current) {
-    trace();
-    return write({current});
+    return trace(), write({current});
 }
 
 int delta::convConfigLoopDetection_LoopDetection_configure_loop_detection(const LoopDetection &current,
                                                                           const LoopDetection &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
 
-namespace {
-
-int writeLoopDetectionPorts(const SectionLines<LoopDetection> &loop) {
+static int writeLoopDetectionPorts(const SectionLines<LoopDetection> &loop) {
     if (g_EEPROM.isType5027()) return 0;
     loop.portBlocks(&LoopDetection::ports, "interface %s \n", {{1, "loop-detection\n"}, {0, "no loop-detection\n"}});
     return 0;
 }
 
-} // namespace
-
 int full::convConfigLoopDetection_LoopDetection_configure_interface_loop_detection(const LoopDetection &current) {
-    trace();
-    return writeLoopDetectionPorts({current});
+    return trace(), writeLoopDetectionPorts({current});
 }
 
 int delta::convConfigLoopDetection_LoopDetection_configure_interface_loop_detection(const LoopDetection &current,
                                                                                     const LoopDetection &defaults) {
-    trace();
-    return writeLoopDetectionPorts({current, defaults});
+    return trace(), writeLoopDetectionPorts({current, defaults});
 }
 
 // --------------------------------------------------------------------------------------------- the MAC address table
 
-namespace {
-
-int writeAgingTime(const SectionLines<SwitchConfig> &config) {
+static int writeAgingTime(const SectionLines<SwitchConfig> &config) {
     config.value(&SwitchConfig::macAgingTime, "mac address-table aging-time %d\n");
     return 0;
 }
 
-} // namespace
-
 int full::convConfigSwitchConfig_SwitchConfig_configure_mac(const SwitchConfig &current) {
-    trace();
-    return writeAgingTime({current});
+    return trace(), writeAgingTime({current});
 }
 
 int delta::convConfigSwitchConfig_SwitchConfig_configure_mac(const SwitchConfig &current,
                                                              const SwitchConfig &defaults) {
-    trace();
-    return writeAgingTime({current, defaults});
+    return trace(), writeAgingTime({current, defaults});
 }
-
-namespace {
 
 /// Delta mode compares the address: a change of the port or the VLAN alone has no block. The port is a single number,
 /// without the blank of a list.
-int write(const SectionLines<MacTable> &table) {
+static int write(const SectionLines<MacTable> &table) {
     for (std::size_t i = 0; i < std::size(table.current); ++i) {
         const MacEntry &entry = table.current[i];
         if (!isOn(entry.inUse) || !table[i].due(&MacEntry::address)) continue;
@@ -653,47 +532,35 @@ int write(const SectionLines<MacTable> &table) {
     return 0;
 }
 
-} // namespace
-
 int full::convConfigMacTable_MacTable_configure_interface_mac_address_table(const MacTable &current) {
-    trace();
-    return write({current});
+    return trace(), write({current});
 }
 
 int delta::convConfigMacTable_MacTable_configure_interface_mac_address_table(const MacTable &current,
                                                                              const MacTable &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
 
-namespace {
-
 /// Delta mode compares the whole record, the word after the ports included.
-int write(const SectionLines<MacLearning> &learning) {
+static int write(const SectionLines<MacLearning> &learning) {
     if (learning.changed())
         appendValueBlocks("interface %s \n", valuesOf(learning.current.off),
                           {{1, "no mac learning\n"}, {0, "mac learning\n"}});
     return 0;
 }
 
-} // namespace
-
 int full::convConfigSwitchConfig_SwitchConfig_configure_interface_mac_learning(const MacLearning &current) {
-    trace();
-    return write({current});
+    return trace(), write({current});
 }
 
 int delta::convConfigSwitchConfig_SwitchConfig_configure_interface_mac_learning(const MacLearning &current,
                                                                                 const MacLearning &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
 
 // -------------------------------------------------------------------------------------------------------------- LLDP
 
-namespace {
-
-int write(const SectionLines<LldpConfig> &lldp) {
+static int write(const SectionLines<LldpConfig> &lldp) {
     lldp.value(&LldpConfig::holdTime, "lldp hold-time %d\n");
     lldp.value(&LldpConfig::interval, "lldp interval %d\n");
     lldp.value(&LldpConfig::packets, "lldp packets %d\n");
@@ -708,34 +575,24 @@ int write(const SectionLines<LldpConfig> &lldp) {
     return 0;
 }
 
-} // namespace
-
 int full::convConfigLLDPConfig_LLDPConfig_configure_lldp(const LldpConfig &current) {
-    trace();
-    return write({current});
+    return trace(), write({current});
 }
 
 int delta::convConfigLLDPConfig_LLDPConfig_configure_lldp(const LldpConfig &current, const LldpConfig &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
 
-namespace {
-
-int writeLldpPorts(const SectionLines<LldpConfig> &lldp) {
+static int writeLldpPorts(const SectionLines<LldpConfig> &lldp) {
     lldp.portBlocks(&LldpConfig::ports, "interface %s \n", {{1, "lldp\n"}, {0, "no lldp\n"}});
     return 0;
 }
 
-} // namespace
-
 int full::convConfigLLDPConfig_LLDPConfig_configure_interface_lldp(const LldpConfig &current) {
-    trace();
-    return writeLldpPorts({current});
+    return trace(), writeLldpPorts({current});
 }
 
 int delta::convConfigLLDPConfig_LLDPConfig_configure_interface_lldp(const LldpConfig &current,
                                                                     const LldpConfig &defaults) {
-    trace();
-    return writeLldpPorts({current, defaults});
+    return trace(), writeLldpPorts({current, defaults});
 }

@@ -9,16 +9,12 @@
 
 // ---------------------------------------------------------------------------------------------- global filter setting
 
-namespace {
-
 /// It shares its byte with the record of port 1.
-int writeFilterSwitch(const SectionLines<PortFilters> &filters) {
+static int writeFilterSwitch(const SectionLines<PortFilters> &filters) {
     const SectionLines<PortFilter> port1 = filters.part(&PortFilters::port)[0];
     port1.onOff(&PortFilter::filterSwitch, "ip igmp filter\n", "no ip igmp filter\n");
     return 0;
 }
-
-} // namespace
 
 int full::IGMPFilterFunc_configure_ip_igmp_filter() {
     // Does not trace in this mode.
@@ -26,15 +22,12 @@ int full::IGMPFilterFunc_configure_ip_igmp_filter() {
 }
 
 int delta::IGMPFilterFunc_configure_ip_igmp_filter(const PortFilters &current, const PortFilters &defaults) {
-    trace();
-    return writeFilterSwitch({current, defaults});
+    return trace(), writeFilterSwitch({current, defaults});
 }
 
 // --------------------------------------------------------------------------------------------- segments and profiles
 
-namespace {
-
-int write(const SectionLines<MulticastSegmentTable> &table) {
+static int write(const SectionLines<MulticastSegmentTable> &table) {
     for (std::size_t i = 0; i < std::size(table.current); ++i) {
         const MulticastSegment &current = table.current[i];
         if (!isOn(current.valid)) continue;
@@ -51,22 +44,16 @@ int write(const SectionLines<MulticastSegmentTable> &table) {
     return 0;
 }
 
-} // namespace
-
 int full::convConfigIPMCSegment_IPMCSegment_configure_ip_igmp_segment(const MulticastSegmentTable &current) {
-    trace();
-    return write({current});
+    return trace(), write({current});
 }
 
 int delta::convConfigIPMCSegment_IPMCSegment_configure_ip_igmp_segment(const MulticastSegmentTable &current,
                                                                        const MulticastSegmentTable &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
 
-namespace {
-
-int write(const SectionLines<MulticastProfileTable> &table) {
+static int write(const SectionLines<MulticastProfileTable> &table) {
     for (std::size_t i = 0; i < std::size(table.current); ++i) {
         const MulticastProfile &profile = table.current[i];
         const MulticastProfile &defaults = table.defaults[i];
@@ -82,24 +69,18 @@ int write(const SectionLines<MulticastProfileTable> &table) {
     return 0;
 }
 
-} // namespace
-
 int full::convConfigIPMCProfile_IPMCProfile_configure_ip_igmp_profile(const MulticastProfileTable &current) {
-    trace();
-    return write({current});
+    return trace(), write({current});
 }
 
 int delta::convConfigIPMCProfile_IPMCProfile_configure_ip_igmp_profile(const MulticastProfileTable &current,
                                                                        const MulticastProfileTable &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
 
 // ---------------------------------------------------------------------------------------------------- IGMP snooping
 
-namespace {
-
-int writeSnooping(const SectionLines<IgmpSnooping> &igmp) {
+static int writeSnooping(const SectionLines<IgmpSnooping> &igmp) {
     if (g_EEPROM.isType5027()) return 0;
     igmp.onOff(&IgmpSnooping::enabled, "ip igmp snooping\n", "no ip igmp snooping\n");
     igmp.onOff(&IgmpSnooping::version3, "ip igmp snooping version-3\n", "no ip igmp snooping version-3\n");
@@ -115,22 +96,16 @@ int writeSnooping(const SectionLines<IgmpSnooping> &igmp) {
     return 0;
 }
 
-} // namespace
-
 int full::convConfigIGMPConfig_IGMPConfig_configure_ip_igmp(const IgmpSnooping &current) {
-    trace();
-    return writeSnooping({current});
+    return trace(), writeSnooping({current});
 }
 
 int delta::convConfigIGMPConfig_IGMPConfig_configure_ip_igmp(const IgmpSnooping &current,
                                                              const IgmpSnooping &defaults) {
-    trace();
-    return writeSnooping({current, defaults});
+    return trace(), writeSnooping({current, defaults});
 }
 
-namespace {
-
-int writeSnoopingSettings(const SectionLines<IgmpSnooping> &igmp) {
+static int writeSnoopingSettings(const SectionLines<IgmpSnooping> &igmp) {
     if (g_EEPROM.isType5027()) return 0;
     igmp.onOff(&IgmpSnooping::immediateLeave, "ip igmp snooping immediate-leave\n",
                "no ip igmp snooping immediate-leave\n");
@@ -139,17 +114,13 @@ int writeSnoopingSettings(const SectionLines<IgmpSnooping> &igmp) {
     return 0;
 }
 
-} // namespace
-
 int full::convConfigIGMPSetting_IGMPSetting_configure_ip_igmp_snooping(const IgmpSnooping &current) {
-    trace();
-    return writeSnoopingSettings({current});
+    return trace(), writeSnoopingSettings({current});
 }
 
 int delta::convConfigIGMPSetting_IGMPSetting_configure_ip_igmp_snooping(const IgmpSnooping &current,
                                                                         const IgmpSnooping &defaults) {
-    trace();
-    return writeSnoopingSettings({current, defaults});
+    return trace(), writeSnoopingSettings({current, defaults});
 }
 
 // ------------------------------------------------------------------------------------------------- filters of ports
@@ -293,10 +264,8 @@ int delta::IGMPFilterFunc_configure_interface_ip_igmp_filter() {
 
 // -------------------------------------------------------------------------------------------------- static multicast
 
-namespace {
-
 /// Delta mode compares the address alone: an entry that moved to another port or VLAN is not written.
-int write(const SectionLines<MulticastTable> &table) {
+static int write(const SectionLines<MulticastTable> &table) {
     for (std::size_t i = 0; i < std::size(table.current); ++i) {
         const MulticastEntry &entry = table.current[i];
         if (!isOn(entry.valid)) continue;
@@ -309,18 +278,14 @@ int write(const SectionLines<MulticastTable> &table) {
     return 0;
 }
 
-} // namespace
-
 int full::convConfigMulticastTable_MulticastTable_configure_interface_ip_igmp_static_multicast_ip(
     const MulticastTable &current) {
-    trace();
-    return write({current});
+    return trace(), write({current});
 }
 
 int delta::convConfigMulticastTable_MulticastTable_configure_interface_ip_igmp_static_multicast_ip(
     const MulticastTable &current, const MulticastTable &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
 
 // ----------------------------------------------------------------------------------------- IGMP snooping of the VLANs
@@ -350,12 +315,10 @@ int write(const SectionLines<IgmpVlans> &vlans) {
 } // namespace
 
 int full::convConfigIGMPVIDSetting_IGMPVIDSetting_configure_ip_igmp(const IgmpVlans &current) {
-    trace();
-    return write({current});
+    return trace(), write({current});
 }
 
 int delta::convConfigIGMPVIDSetting_IGMPVIDSetting_configure_ip_igmp(const IgmpVlans &current,
                                                                      const IgmpVlans &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }

@@ -5,10 +5,8 @@
 
 // -------------------------------------------------------------------------------------------- priorities and queues
 
-namespace {
-
 /// Appends `line` with the list of what is mapped to each queue from 0 to 7 and the queue.
-template <std::size_t Count> void appendQueueMap(const u8 (&queueOf)[Count], Format<char[4 * Count], int> line) {
+template <std::size_t Count> static void appendQueueMap(const u8 (&queueOf)[Count], Format<char[4 * Count], int> line) {
     for (int queue = 0; queue < 8; ++queue) {
         u8 mapped[Count];
         bool some = false;
@@ -23,7 +21,7 @@ template <std::size_t Count> void appendQueueMap(const u8 (&queueOf)[Count], For
     }
 }
 
-int write(const SectionLines<PriorityConfig> &priority) {
+static int write(const SectionLines<PriorityConfig> &priority) {
     const PriorityConfig &current = priority.current;
     priority.code(&PriorityConfig::mode,
                   {{0, "no qos\n"}, {1, "qos port-based\n"}, {2, "qos 802.1p\n"}, {3, "qos dscp\n"}, {4, "qos vid\n"}});
@@ -39,24 +37,18 @@ int write(const SectionLines<PriorityConfig> &priority) {
     return 0;
 }
 
-} // namespace
-
 int full::convConfigPriorityConfig_PriorityConfig_configure_qos(const PriorityConfig &current) {
-    trace();
-    return write({current});
+    return trace(), write({current});
 }
 
 int delta::convConfigPriorityConfig_PriorityConfig_configure_qos(const PriorityConfig &current,
                                                                  const PriorityConfig &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
 
 // -------------------------------------------------------------------------------------------------------- remarking
 
-namespace {
-
-int write(const SectionLines<Remarking> &remarking) {
+static int write(const SectionLines<Remarking> &remarking) {
     remarking.code(
         &Remarking::dscpMode,
         {{0, "no qos remarking dscp\n"}, {1, "qos remarking dscp by-dscp\n"}, {2, "qos remarking dscp by-port\n"}});
@@ -64,28 +56,20 @@ int write(const SectionLines<Remarking> &remarking) {
     return 0;
 }
 
-} // namespace
-
-int full::convConfigDSCPRemark_DSCPRemark_configure_qos(const Remarking &current) {
-    trace();
-    return write({current});
-}
+int full::convConfigDSCPRemark_DSCPRemark_configure_qos(const Remarking &current) { return trace(), write({current}); }
 
 int delta::convConfigDSCPRemark_DSCPRemark_configure_qos(const Remarking &current, const Remarking &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
-
-namespace {
 
 /// Delta mode sets the markers of all entries for good, in both images, so that they never make a difference. The bytes
 /// that are not read do: they give a block without lines.
-template <class Entry, std::size_t Count> void setMarkers(Entry (&current)[Count], Entry (&defaults)[Count]) {
+template <class Entry, std::size_t Count> static void setMarkers(Entry (&current)[Count], Entry (&defaults)[Count]) {
     for (Entry &entry : current) entry.marker = 1;
     for (Entry &entry : defaults) entry.marker = 1;
 }
 
-int write(const SectionLines<RemarkDscp[8]> &entries) {
+static int write(const SectionLines<RemarkDscp[8]> &entries) {
     for (int i = 0; i < 8; ++i) {
         const auto entry = entries[static_cast<std::size_t>(i)];
         if (!entry.changed()) continue;
@@ -97,11 +81,8 @@ int write(const SectionLines<RemarkDscp[8]> &entries) {
     return 0;
 }
 
-} // namespace
-
 int full::convConfigDSCPPriority_DSCPPriority_configure_qos_remarking(const Remarking &current) {
-    trace();
-    return write({current.dscp});
+    return trace(), write({current.dscp});
 }
 
 int delta::convConfigDSCPPriority_DSCPPriority_configure_qos_remarking(Remarking &current, Remarking &defaults) {
@@ -110,9 +91,7 @@ int delta::convConfigDSCPPriority_DSCPPriority_configure_qos_remarking(Remarking
     return write({current.dscp, defaults.dscp});
 }
 
-namespace {
-
-int write(const SectionLines<RemarkPriority[8]> &entries) {
+static int write(const SectionLines<RemarkPriority[8]> &entries) {
     for (int i = 0; i < 8; ++i) {
         const auto entry = entries[static_cast<std::size_t>(i)];
         if (!entry.changed()) continue;
@@ -122,8 +101,6 @@ int write(const SectionLines<RemarkPriority[8]> &entries) {
     }
     return 0;
 }
-
-} // namespace
 
 int full::PbitPriorityFunc_configure_qos_remarking() {
     // Does not trace in this mode.
@@ -138,24 +115,18 @@ int delta::PbitPriorityFunc_configure_qos_remarking(Remarking &current, Remarkin
 
 // ---------------------------------------------------------------------------------------------- management traffic
 
-namespace {
-
-int writeManagementPriority(const SectionLines<PriorityConfig> &priority) {
+static int writeManagementPriority(const SectionLines<PriorityConfig> &priority) {
     priority.value(&PriorityConfig::managementPriority, "qos management-priority %d\n");
     return 0;
 }
 
-} // namespace
-
 int full::convConfigVLANConfig_mid_sys_vlan_config_configure_qos(const PriorityConfig &current) {
-    trace();
-    return writeManagementPriority({current});
+    return trace(), writeManagementPriority({current});
 }
 
 int delta::convConfigVLANConfig_mid_sys_vlan_config_configure_qos(const PriorityConfig &current,
                                                                   const PriorityConfig &defaults) {
-    trace();
-    return writeManagementPriority({current, defaults});
+    return trace(), writeManagementPriority({current, defaults});
 }
 
 // --------------------------------------------------------------------------------------------- rate limits of ports
@@ -191,14 +162,12 @@ int write(const SectionLines<RateLimits> &rates) {
 } // namespace
 
 int full::convConfigRateLimitConfig2_RateLimitConfig2_configure_interface_qos(const RateLimits &current) {
-    trace();
-    return write({current});
+    return trace(), write({current});
 }
 
 int delta::convConfigRateLimitConfig2_RateLimitConfig2_configure_interface_qos(const RateLimits &current,
                                                                                const RateLimits &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
 
 // ------------------------------------------------------------------------------------------ user priority of ports
@@ -222,30 +191,21 @@ int writeUserPriorities(const SectionLines<PriorityConfig> &priority) {
 } // namespace
 
 int full::convConfigVLANConfig_VLANConfig_configure_interface_qos(const PriorityConfig &current) {
-    trace();
-    return writeUserPriorities({current});
+    return trace(), writeUserPriorities({current});
 }
 
 int delta::convConfigVLANConfig_VLANConfig_configure_interface_qos(const PriorityConfig &current,
                                                                    const PriorityConfig &defaults) {
-    trace();
-    return writeUserPriorities({current, defaults});
+    return trace(), writeUserPriorities({current, defaults});
 }
 
 // ------------------------------------------------------------------------------------------- sections without text
 
 int full::convConfigPriorityConfig_PriorityConfig_configure_interface_qos() { return trace(); }
-
 int full::convConfigDSCPRemark_DSCPRemark_configure_interface_qos() { return trace(); }
-
 int full::convConfigPriorityConfig_PriorityConfig_configure_interface_lan_qos() { return trace(); }
-
 int full::convConfigRateLimitConfig2_RateLimitConfig2_configure_interface_lan_qos() { return trace(); }
-
 int full::convConfigVLANConfig_VLANConfig_configure_interface_lan_qos() { return trace(); }
-
 int full::convConfigPriorityConfig_PriorityConfig_configure_interface_wan_qos() { return trace(); }
-
 int full::convConfigRateLimitConfig2_RateLimitConfig2_configure_interface_wan_qos() { return trace(); }
-
 int full::convConfigVLANConfig_VLANConfig_configure_interface_wan_qos() { return trace(); }

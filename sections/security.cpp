@@ -10,21 +10,19 @@
 
 // -------------------------------------------------------------------------------------------------- access control
 
-namespace {
-
 /// Whether the field takes part in the match of `rule`.
-bool matches(const AclRule &rule, AclMatch::Bit field) { return utilBitmapCheck(rule.match.bytes, field) != 0; }
+static bool matches(const AclRule &rule, AclMatch::Bit field) { return utilBitmapCheck(rule.match.bytes, field) != 0; }
 
 /// Whether the line of what `field` matches is due; writes `any` where the field does not take part. Delta mode
 /// compares whether the field takes part, not its value: a changed address alone has no line.
-bool isMatched(const SectionLines<AclRule> &rule, AclMatch::Bit field, LineForms any) {
+static bool isMatched(const SectionLines<AclRule> &rule, AclMatch::Bit field, LineForms any) {
     const bool isMatch = matches(rule.current, field);
     if (!rule.full && isMatch == matches(rule.defaults, field)) return false;
     if (!isMatch) rule.append(any);
     return isMatch;
 }
 
-void writeRule(const SectionLines<AclRule> &rule) {
+static void writeRule(const SectionLines<AclRule> &rule) {
     const AclRule &current = rule.current;
     append("acl %d\n", current.number);
     // An unknown code denies, as 0 does.
@@ -74,29 +72,21 @@ void writeRule(const SectionLines<AclRule> &rule) {
 }
 
 /// Which lines end with a blank is irregular, and another matter in each mode.
-int write(const SectionLines<AclTable> &table) {
+static int write(const SectionLines<AclTable> &table) {
     for (std::size_t i = 0; i < std::size(table.current); ++i)
         if (isOn(table.current[i].valid)) writeRule(table[i]);
     return 0;
 }
 
-} // namespace
-
-int full::convConfigACLControl_ACLControl_configure_acl(const AclTable &current) {
-    trace();
-    return write({current});
-}
+int full::convConfigACLControl_ACLControl_configure_acl(const AclTable &current) { return trace(), write({current}); }
 
 int delta::convConfigACLControl_ACLControl_configure_acl(const AclTable &current, const AclTable &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
 
 // ---------------------------------------------------------------------------------------------------- 802.1X, switch
 
-namespace {
-
-int write(const SectionLines<Dot1xConfig> &dot1x) {
+static int write(const SectionLines<Dot1xConfig> &dot1x) {
     dot1x.onOff(&Dot1xConfig::enabled, "dot1x\n", "no dot1x\n");
     dot1x.value(&Dot1xConfig::reauthPeriod, "dot1x reauth-period %d\n");
     dot1x.onOff(&Dot1xConfig::reauthentication, "dot1x reauthentication\n", "no dot1x reauthentication\n");
@@ -108,25 +98,19 @@ int write(const SectionLines<Dot1xConfig> &dot1x) {
     return 0;
 }
 
-} // namespace
-
 int full::convConfigDOT1XConfig_DOT1XConfig_configure_dot1x(const Dot1xConfig &current) {
-    trace();
-    return write({current});
+    return trace(), write({current});
 }
 
 int delta::convConfigDOT1XConfig_DOT1XConfig_configure_dot1x(const Dot1xConfig &current, const Dot1xConfig &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
 
 // --------------------------------------------------------------------------------------------- DHCP snooping, switch
 
-namespace {
-
 /// The ports with a DHCP server, if there are any. On boards of type 5027 "none" is asked of the first sixteen ports
 /// alone, so that servers on ports from 17 on write both lines.
-void appendServerPorts(const DhcpSnooping &snooping) {
+static void appendServerPorts(const DhcpSnooping &snooping) {
     const PortSet ports = portsIn(snooping.serverPorts);
     if (!ports.empty()) append("ip dhcp snooping dhcp-server %s \n", ports);
     const bool none = g_EEPROM.isType5027() ? snooping.noServerOnFirstSixteenPorts() : noPort(snooping.serverPorts);
@@ -134,7 +118,7 @@ void appendServerPorts(const DhcpSnooping &snooping) {
 }
 
 /// The lines of four records, in an order of their own.
-int write(const SectionLines<DhcpSnooping> &snooping, const SectionLines<ConfigImage> &image) {
+static int write(const SectionLines<DhcpSnooping> &snooping, const SectionLines<ConfigImage> &image) {
     const SectionLines<DhcpSnoopingPorts> ports = image.part(&ConfigImage::dhcpSnoopingPorts);
     const SectionLines<CircuitIds> ids = image.part(&ConfigImage::circuitIds);
     const DhcpSnooping &current = snooping.current;
@@ -169,45 +153,33 @@ int write(const SectionLines<DhcpSnooping> &snooping, const SectionLines<ConfigI
     return 0;
 }
 
-} // namespace
-
 int full::convConfigSKAConfig2_SKAConfig2_configure_ip(const DhcpSnooping &current) {
-    trace();
-    return write({current}, {*gSysConfig});
+    return trace(), write({current}, {*gSysConfig});
 }
 
 int delta::convConfigSKAConfig2_SKAConfig2_configure_ip(const DhcpSnooping &current, const DhcpSnooping &defaults) {
-    trace();
-    return write({current, defaults}, {*gSysConfig, *gDefConfig});
+    return trace(), write({current, defaults}, {*gSysConfig, *gDefConfig});
 }
 
 // ------------------------------------------------------------------------------ PPPoE intermediate agent, switch
 
-namespace {
-
-int write(const SectionLines<PppoeConfig> &pppoe) {
+static int write(const SectionLines<PppoeConfig> &pppoe) {
     pppoe.onOff(&PppoeConfig::enabled, "ip pppoe intermediate-agent\n", "no ip pppoe intermediate-agent\n");
     return 0;
 }
 
-} // namespace
-
 int full::convConfigPPPoEConfig_PPPoEConfig_configure_ip_pppoe(const PppoeConfig &current) {
-    trace();
-    return write({current});
+    return trace(), write({current});
 }
 
 int delta::convConfigPPPoEConfig_PPPoEConfig_configure_ip_pppoe(const PppoeConfig &current,
                                                                 const PppoeConfig &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
 
 // --------------------------------------------------------------------------------------------------- source bindings
 
-namespace {
-
-int write(const SectionLines<SourceBindingTable> &table) {
+static int write(const SectionLines<SourceBindingTable> &table) {
     for (std::size_t i = 0; i < std::size(table.current); ++i) {
         const SectionLines<SourceBinding> binding = table[i];
         if (!isOn(binding.current.valid)) continue;
@@ -229,67 +201,49 @@ int write(const SectionLines<SourceBindingTable> &table) {
     return 0;
 }
 
-} // namespace
-
 int full::convConfigSecurityIP_SecurityIP_configure_ip_source(const SourceBindingTable &current) {
-    trace();
-    return write({current});
+    return trace(), write({current});
 }
 
 int delta::convConfigSecurityIP_SecurityIP_configure_ip_source(const SourceBindingTable &current,
                                                                const SourceBindingTable &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
 
-namespace {
-
-int writeIpSource(const SectionLines<u8> &ipSource) {
+static int writeIpSource(const SectionLines<u8> &ipSource) {
     if (!ipSource.changed()) return 0;
     if (isOn(ipSource.current)) append("ip source\n");
     else append("no ip source\n");
     return 0;
 }
 
-} // namespace
-
 int full::convConfigSwitchConfig_SwitchConfig_configure_ip_source(const u8 &current) {
-    trace();
-    return writeIpSource({current});
+    return trace(), writeIpSource({current});
 }
 
 int delta::convConfigSwitchConfig_SwitchConfig_configure_ip_source(const u8 &current, const u8 &defaults) {
-    trace();
-    return writeIpSource({current, defaults});
+    return trace(), writeIpSource({current, defaults});
 }
 
 // ------------------------------------------------------------------- MAC limit, isolation, storm protection, switch
 
 int full::convConfigSKAConfig2_SKAConfig2_configure_configure_security() { return trace(); }
 
-namespace {
-
-int write(const SectionLines<MacLimit> &limit) {
+static int write(const SectionLines<MacLimit> &limit) {
     limit.onOff(&MacLimit::enabled, "security mac-limit\n", "no security mac-limit\n");
     limit.value(&MacLimit::notificationInterval, "security mac-limit notification threshold interval %d\n");
     return 0;
 }
 
-} // namespace
-
 int full::convConfigMacLimit_MacLimit_configure_security_mac_limit(const MacLimit &current) {
-    trace();
-    return write({current});
+    return trace(), write({current});
 }
 
 int delta::convConfigMacLimit_MacLimit_configure_security_mac_limit(const MacLimit &current, const MacLimit &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
 
-namespace {
-
-int write(const SectionLines<Isolation> &isolation) {
+static int write(const SectionLines<Isolation> &isolation) {
     const auto uplinks = [](const Isolation &of) { return textOf(of.uplinks); };
     const auto others = [](const Isolation &of) { return textOf(complementOf(of.uplinks)); };
     const Isolation &current = isolation.current;
@@ -304,31 +258,25 @@ int write(const SectionLines<Isolation> &isolation) {
     return 0;
 }
 
-} // namespace
-
 int full::convConfigPortIsolation_PortIsolation_configure_security_port_isolation(const Isolation &current) {
-    trace();
-    return write({current});
+    return trace(), write({current});
 }
 
 int delta::convConfigPortIsolation_PortIsolation_configure_security_port_isolation(const Isolation &current,
                                                                                    const Isolation &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
 
-namespace {
-
 /// A kind of frames whose rate is limited: the word of the rate, or none for index 0.
-void writeStorm(const SectionLines<StormControl> &storm, be32 StormControl::*rate, Format<const char *> line,
-                LineForms none) {
+static void writeStorm(const SectionLines<StormControl> &storm, be32 StormControl::*rate, Format<const char *> line,
+                       LineForms none) {
     if (!storm.due(rate)) return;
     const be32 &index = storm.current.*rate;
     if (isOn(index)) append(line, GET_STORM_RATE_STR(index.value()));
     else storm.append(none);
 }
 
-int write(const SectionLines<StormControl> &storm) {
+static int write(const SectionLines<StormControl> &storm) {
     writeStorm(storm, &StormControl::broadcast, "security storm-protection broadcast %s\n",
                {"no security storm-protection broadcast \n", "no security storm-protection broadcast\n"});
     writeStorm(storm, &StormControl::multicast, "security storm-protection multicast %s\n",
@@ -340,52 +288,40 @@ int write(const SectionLines<StormControl> &storm) {
     return 0;
 }
 
-} // namespace
-
 int full::convConfigStormControl_StormControl_configure_security_storm_control(const StormControl &current) {
-    trace();
-    return write({current});
+    return trace(), write({current});
 }
 
 int delta::convConfigStormControl_StormControl_configure_security_storm_control(const StormControl &current,
                                                                                 const StormControl &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
 
 int full::convConfigSecurity_HG() { return trace(); }
 
 // ------------------------------------------------------------------------------------------------- 802.1X, by port
 
-namespace {
-
-int writePortControl(const SectionLines<Dot1xConfig> &dot1x) {
+static int writePortControl(const SectionLines<Dot1xConfig> &dot1x) {
     dot1x.blocks(
         &Dot1xConfig::portControl, "interface %s\n",
         {{0, "dot1x port-control auto\n"}, {1, "no dot1x port-control\n"}, {2, "dot1x port-control unauthorized\n"}});
     return 0;
 }
 
-} // namespace
-
 int full::convConfigDOT1XConfig_DOT1XConfig_configure_interface_dot1x(const Dot1xConfig &current) {
-    trace();
-    return writePortControl({current});
+    return trace(), writePortControl({current});
 }
 
 int delta::convConfigDOT1XConfig_DOT1XConfig_configure_interface_dot1x(const Dot1xConfig &current,
                                                                        const Dot1xConfig &defaults) {
-    trace();
-    return writePortControl({current, defaults});
+    return trace(), writePortControl({current, defaults});
 }
 
 // ------------------------------------------------------------------------------------------- DHCP snooping, by port
 
-namespace {
-
 /// The block of the trusted ports is opened by any flag that is set, but lists only those that are exactly 1: the list
 /// may be empty.
-void appendTrust(const DhcpSnoopingPorts &snooping) {
+static void appendTrust(const DhcpSnoopingPorts &snooping) {
     const PortValues<portCount> trust = valuesOf(snooping.trust);
     appendValueBlocks("interface %s\n", trust, {{0, "no ip dhcp snooping trust\n"}});
     if (std::any_of(trust.begin(), trust.end(), [](std::uint32_t flag) { return flag != 0; })) {
@@ -395,20 +331,22 @@ void appendTrust(const DhcpSnoopingPorts &snooping) {
     }
 }
 
-std::array<CircuitId, portCount> textsOf(const CircuitIds &ids) {
+static std::array<CircuitId, portCount> textsOf(const CircuitIds &ids) {
     std::array<CircuitId, portCount> texts;
     std::copy(std::begin(ids.text), std::end(ids.text), texts.begin());
     return texts;
 }
 
 /// The default circuit id of a port, `index` from 0.
-const CircuitId &defaultCircuitId(std::size_t index) { return gDefConfig->circuitIds.text[index]; }
+static const CircuitId &defaultCircuitId(std::size_t index) { return gDefConfig->circuitIds.text[index]; }
 
 /// What overwrites the circuit id of a port that joined the block of port `index` (from 0): not a circuit id, but the
 /// default image's description of that port and the bytes after it.
-CircuitId joinedCircuitId(std::size_t index) { return gDefConfig->descriptionAndBeyond(static_cast<int>(index)); }
+static CircuitId joinedCircuitId(std::size_t index) {
+    return gDefConfig->descriptionAndBeyond(static_cast<int>(index));
+}
 
-int write(const SectionLines<DhcpSnoopingPorts> &snooping, const SectionLines<CircuitIds> &ids) {
+static int write(const SectionLines<DhcpSnoopingPorts> &snooping, const SectionLines<CircuitIds> &ids) {
     snooping.blocks(&DhcpSnoopingPorts::portOption, "interface %s\n",
                     {{0, "no ip dhcp snooping option\n"}, {1, "ip dhcp snooping option\n"}});
     ids.portBlocks(&CircuitIds::inserted, "interface %s\n",
@@ -423,47 +361,35 @@ int write(const SectionLines<DhcpSnoopingPorts> &snooping, const SectionLines<Ci
     return 0;
 }
 
-} // namespace
-
 int full::convConfigSKAConfig_SKAConfig_configure_interface_ip_dhcp_snooping(const DhcpSnoopingPorts &current) {
-    trace();
-    return write({current}, {gSysConfig->circuitIds});
+    return trace(), write({current}, {gSysConfig->circuitIds});
 }
 
 int delta::convConfigSKAConfig_SKAConfig_configure_interface_ip_dhcp_snooping(const DhcpSnoopingPorts &current,
                                                                               const DhcpSnoopingPorts &defaults) {
-    trace();
-    return write({current, defaults}, {gSysConfig->circuitIds, gDefConfig->circuitIds});
+    return trace(), write({current, defaults}, {gSysConfig->circuitIds, gDefConfig->circuitIds});
 }
 
 // --------------------------------------------------------------------------------- PPPoE intermediate agent, by port
 
-namespace {
-
-int writePppoePorts(const SectionLines<PppoeConfig> &pppoe) {
+static int writePppoePorts(const SectionLines<PppoeConfig> &pppoe) {
     pppoe.portBlocks(&PppoeConfig::trusted, "interface %s \n",
                      {{1, "ip pppoe intermediate-agent trust\n"}, {0, "no ip pppoe intermediate-agent trust\n"}});
     return 0;
 }
 
-} // namespace
-
 int full::convConfigPPPoEConfig_PPPoEConfig_configure_interface_ip_pppoe(const PppoeConfig &current) {
-    trace();
-    return writePppoePorts({current});
+    return trace(), writePppoePorts({current});
 }
 
 int delta::convConfigPPPoEConfig_PPPoEConfig_configure_interface_ip_pppoe(const PppoeConfig &current,
                                                                           const PppoeConfig &defaults) {
-    trace();
-    return writePppoePorts({current, defaults});
+    return trace(), writePppoePorts({current, defaults});
 }
 
 // ------------------------------------------------------------------------------------------------------ source guard
 
-namespace {
-
-int write(const SectionLines<SourceGuardModes> &modes) {
+static int write(const SectionLines<SourceGuardModes> &modes) {
     if (modes.changed())
         appendValueBlocks("interface %s\n", valuesOf(modes.current),
                           {{0, "ip sourceguard fixed-ip\n"},
@@ -472,24 +398,18 @@ int write(const SectionLines<SourceGuardModes> &modes) {
     return 0;
 }
 
-} // namespace
-
 int full::convConfigSKAConfig2_SKAConfig2_configure_interface_ip_sourceguard(const SourceGuardModes &current) {
-    trace();
-    return write({current});
+    return trace(), write({current});
 }
 
 int delta::convConfigSKAConfig2_SKAConfig2_configure_interface_ip_sourceguard(const SourceGuardModes &current,
                                                                               const SourceGuardModes &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
-
-namespace {
 
 /// The two texts serve all entries. Delta mode compares them whole: what a longer address left after the end of a
 /// shorter one counts as a difference.
-int write(const SectionLines<SourceGuardTable> &table) {
+static int write(const SectionLines<SourceGuardTable> &table) {
     AddressText address;
     AddressText defaultAddress;
     for (std::size_t i = 0; i < std::size(table.current); ++i) {
@@ -507,31 +427,25 @@ int write(const SectionLines<SourceGuardTable> &table) {
     return 0;
 }
 
-} // namespace
-
 int full::convConfigStaticIPTable_StaticIPTable_configure_interface_ip_sourceguard_static_ip(
     const SourceGuardTable &current) {
-    trace();
-    return write({current});
+    return trace(), write({current});
 }
 
 int delta::convConfigStaticIPTable_StaticIPTable_configure_interface_ip_sourceguard_static_ip(
     const SourceGuardTable &current, const SourceGuardTable &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
 
 // ------------------------------------------------------------------------------------------------ MAC limit, by port
 
-namespace {
-
-void appendPortLimits(const MacLimit &limit) {
+static void appendPortLimits(const MacLimit &limit) {
     appendValueBlocks("interface %s \n", valuesOf(limit.portEnabled),
                       {{1, "security mac-limit\n"}, {0, "no security mac-limit\n"}});
 }
 
 /// The lists of the groups lack the blank that the others have.
-void appendMaximums(const MacLimit &limit) {
+static void appendMaximums(const MacLimit &limit) {
     const PortValues<portCount> maximums = valuesOf(limit.portMaximum);
     appendValueBlocks("interface %s \n", maximums, {{0, "no security mac-limit maximum \n"}});
     for (const PortGroup &group : groupsOf(maximums, 0)) {
@@ -540,8 +454,6 @@ void appendMaximums(const MacLimit &limit) {
         append("exit\n");
     }
 }
-
-} // namespace
 
 // Both drivers pass the current section twice. Full mode ignores the second; delta mode finds no difference and writes
 // nothing.
@@ -566,23 +478,17 @@ int full::convConfigStormControl_StormControl_configure_interface_security() { r
 
 // ------------------------------------------------------------------------------------------------ DHCP server trust
 
-namespace {
-
-int write(const SectionLines<ServerTrust> &trust) {
+static int write(const SectionLines<ServerTrust> &trust) {
     trust.portBlocks(&ServerTrust::ports, "interface %s\n",
                      {{1, "ip dhcp snooping server-trust\n"}, {0, "no ip dhcp snooping server-trust\n"}});
     return 0;
 }
 
-} // namespace
-
 int full::convConfigSKAConfig2_SKAConfig2_configure_interface_ip_dhcp_server_trust(const ServerTrust &current) {
-    trace();
-    return write({current});
+    return trace(), write({current});
 }
 
 int delta::convConfigSKAConfig2_SKAConfig2_configure_interface_ip_dhcp_server_trust(const ServerTrust &current,
                                                                                     const ServerTrust &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }

@@ -8,34 +8,26 @@
 
 // ---------------------------------------------------------------------------------------------------------- agent
 
-namespace {
-
-int write(const SectionLines<ServiceConfig> &service) {
+static int write(const SectionLines<ServiceConfig> &service) {
     service.onOff(&ServiceConfig::snmpEnabled, "snmp-server\n", "no snmp-server\n");
     return 0;
 }
 
-} // namespace
-
 int full::convConfigServiceConfig_mid_sys_service_cfg_configure_snmp_server(const ServiceConfig &current) {
-    trace();
-    return write({current});
+    return trace(), write({current});
 }
 
 int delta::convConfigServiceConfig_mid_sys_service_cfg_configure_snmp_server(const ServiceConfig &current,
                                                                              const ServiceConfig &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
 
 // ---------------------------------------------------------------------------------------------------- communities
 
-namespace {
-
-void appendRemoval(const Community &community) { append("no snmp-server community %s\n", community.name); }
+static void appendRemoval(const Community &community) { append("no snmp-server community %s\n", community.name); }
 
 /// The lines of a community after its head, up to and with "exit". A level that is not set has no line.
-void writeBody(const SectionLines<Community> &community) {
+static void writeBody(const SectionLines<Community> &community) {
     const Community &current = community.current;
     community.onOff(&Community::active, "active\n", "no active\n");
     const bool changed = community.full ||
@@ -47,9 +39,7 @@ void writeBody(const SectionLines<Community> &community) {
     append("exit\n");
 }
 
-void appendHead(const Community &community) { append("snmp-server community %s\n", community.name); }
-
-} // namespace
+static void appendHead(const Community &community) { append("snmp-server community %s\n", community.name); }
 
 // Full mode removes every community of the default image first, also one that the current image has too. A community
 // without a name has no head there, but its body all the same; in delta mode it is left out.
@@ -82,9 +72,7 @@ int delta::convConfigAgent_Agent_configure_snmp_server(const CommunityTable &cur
 
 // ---------------------------------------------------------------------------------------------- trap destinations
 
-namespace {
-
-int write(const SectionLines<TrapDestinationTable> &table) {
+static int write(const SectionLines<TrapDestinationTable> &table) {
     for (std::size_t i = 0; i < std::size(table.current); ++i) {
         const auto destination = table[i];
         const TrapDestination &current = destination.current;
@@ -100,17 +88,13 @@ int write(const SectionLines<TrapDestinationTable> &table) {
     return 0;
 }
 
-} // namespace
-
 int full::convConfigTrapDest_TrapDest_configure_snmp_server(const TrapDestinationTable &current) {
-    trace();
-    return write({current});
+    return trace(), write({current});
 }
 
 int delta::convConfigTrapDest_TrapDest_configure_snmp_server(const TrapDestinationTable &current,
                                                              const TrapDestinationTable &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
 
 // ----------------------------------------------------------------------------------------------------- trap types
@@ -176,8 +160,7 @@ int write(const SectionLines<TrapConfig> &traps) {
 } // namespace
 
 int full::convConfigTrapConfig_TrapConfig_configure_snmp_server(const TrapConfig &current) {
-    trace();
-    return write({current});
+    return trace(), write({current});
 }
 
 int delta::convConfigTrapConfig_TrapConfig_configure_snmp_server(const TrapConfig &current,

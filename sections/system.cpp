@@ -9,20 +9,17 @@
 #include <iterator>
 
 int full::convConfigAdvancedfunction() { return trace(); }
-
 int full::convConfigApplicationfunction() { return trace(); }
 
 // -------------------------------------------------------------------------------------------------------- archive
 
-namespace {
-
 /// The server of the automatic backup: the flag decides, not which address is set.
-AddressText serverOf(const BackupConfig &backup) {
+static AddressText serverOf(const BackupConfig &backup) {
     return isOn(backup.serverIsIpv6) ? textOf(backup.serverIpv6) : textOf(backup.server);
 }
 
 /// A user without a password is written alone, and TFTP has neither.
-void appendArchivePath(const BackupConfig &backup) {
+static void appendArchivePath(const BackupConfig &backup) {
     const bool isFtp = backup.protocol.value() == 1;
     if (isFtp && !backup.password.empty())
         append("archive auto-backup path ftp %s %s %s %s\n", serverOf(backup), backup.path, backup.user,
@@ -31,7 +28,7 @@ void appendArchivePath(const BackupConfig &backup) {
     else append("archive auto-backup path tftp %s %s\n", serverOf(backup), backup.path);
 }
 
-int write(const SectionLines<BackupConfig> &backup) {
+static int write(const SectionLines<BackupConfig> &backup) {
     backup.onOff(&BackupConfig::enabled, "archive auto-backup\n", "no archive auto-backup\n");
     if (backup.dueBy(serverOf) || backup.due(&BackupConfig::protocol) || backup.due(&BackupConfig::path) ||
         backup.due(&BackupConfig::user) || backup.due(&BackupConfig::password))
@@ -40,28 +37,19 @@ int write(const SectionLines<BackupConfig> &backup) {
     return 0;
 }
 
-} // namespace
-
-int full::convConfigBackupConfig_BackupConfig_configure_archive() {
-    trace();
-    return write({gSysConfig->backup});
-}
+int full::convConfigBackupConfig_BackupConfig_configure_archive() { return trace(), write({gSysConfig->backup}); }
 
 int delta::convConfigBackupConfig_BackupConfig_configure_archive(const BackupConfig &current,
                                                                  const BackupConfig &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
 
 // ----------------------------------------------------------------------------------------------------- management
 
 int full::convConfigServiceConfig_mid_sys_remote_access_configure_management() { return trace(); }
-
 int full::convConfigServiceConfig_mid_sys_online_cfg_configure_management() { return trace(); }
 
-namespace {
-
-int write(const SectionLines<ConsoleConfig> &console) {
+static int write(const SectionLines<ConsoleConfig> &console) {
     const ConsoleConfig &current = console.current;
     if (console.due(&ConsoleConfig::timeout) || console.due(&ConsoleConfig::timeoutInMinutes)) {
         if (isOn(current.timeoutInMinutes)) append("management console timeout %d min\n", current.timeout);
@@ -71,22 +59,16 @@ int write(const SectionLines<ConsoleConfig> &console) {
     return 0;
 }
 
-} // namespace
-
 int full::convConfigConsoleConfig_mid_sys_console_cfg_configure_management(const ConsoleConfig &current) {
-    trace();
-    return write({current});
+    return trace(), write({current});
 }
 
 int delta::convConfigConsoleConfig_mid_sys_console_cfg_configure_management(const ConsoleConfig &current,
                                                                             const ConsoleConfig &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
 
-namespace {
-
-int write(const SectionLines<ServiceConfig> &service, const SectionLines<ConsoleConfig> &console) {
+static int write(const SectionLines<ServiceConfig> &service, const SectionLines<ConsoleConfig> &console) {
     // Without a remote login both kinds are switched off. Another kind than these has no line.
     if (service.due(&ServiceConfig::remoteLogin) && service.current.remoteLogin.value() == 0)
         append("no management ssh\n");
@@ -97,25 +79,19 @@ int write(const SectionLines<ServiceConfig> &service, const SectionLines<Console
     return 0;
 }
 
-} // namespace
-
 int full::convConfigServiceConfig_mid_sys_service_cfg_configure_management(const ServiceConfig &current) {
-    trace();
-    return write({current}, {gSysConfig->console});
+    return trace(), write({current}, {gSysConfig->console});
 }
 
 int delta::convConfigServiceConfig_mid_sys_service_cfg_configure_management(const ServiceConfig &current,
                                                                             const ServiceConfig &defaults) {
-    trace();
-    return write({current, defaults}, {gSysConfig->console, gDefConfig->console});
+    return trace(), write({current, defaults}, {gSysConfig->console, gDefConfig->console});
 }
 
 // ----------------------------------------------------------------------------------------------------------- time
 
-namespace {
-
 /// Appends at `end` the `length` characters of `part` less the last two, and returns the new end.
-char *appendShortened(char *end, const char *part, std::size_t length) {
+static char *appendShortened(char *end, const char *part, std::size_t length) {
     if (length < 2) return end;
     std::memcpy(end, part, length - 2);
     return end + (length - 2);
@@ -123,7 +99,7 @@ char *appendShortened(char *end, const char *part, std::size_t length) {
 
 /// The daylight-saving offset as it is written: the part before its first "-" and that from there on, each less its
 /// last two characters. Empty if there is no "-".
-Text<32> writtenOffset(const Text<32> &stored) {
+static Text<32> writtenOffset(const Text<32> &stored) {
     Text<32> written = {};
     const std::size_t length = strnlen(stored.characters, sizeof stored.characters);
     std::size_t before = 0;
@@ -134,10 +110,10 @@ Text<32> writtenOffset(const Text<32> &stored) {
     return written;
 }
 
-AddressText server1Of(const TimeConfig &time) { return ipv4First(time.server1, time.server1Ipv6); }
-AddressText server2Of(const TimeConfig &time) { return ipv4First(time.server2, time.server2Ipv6); }
+static AddressText server1Of(const TimeConfig &time) { return ipv4First(time.server1, time.server1Ipv6); }
+static AddressText server2Of(const TimeConfig &time) { return ipv4First(time.server2, time.server2Ipv6); }
 
-int write(const SectionLines<TimeConfig> &time) {
+static int write(const SectionLines<TimeConfig> &time) {
     const TimeConfig &current = time.current;
     time.onOff(&TimeConfig::ntpEnabled, "ntp\n", "no ntp\n");
     time.code(&TimeConfig::daylightSaving, {{0, "no ntp daylight-saving\n"}, {1, "ntp daylight-saving recurring\n"}},
@@ -151,45 +127,33 @@ int write(const SectionLines<TimeConfig> &time) {
     return 0;
 }
 
-} // namespace
-
 int full::convConfigTimeConfig_mid_sys_time_configure_ntp(const ConfigImage &current, const ConfigImage &) {
-    trace();
-    return write({current.time});
+    return trace(), write({current.time});
 }
 
 int delta::convConfigTimeConfig_mid_sys_time_configure_ntp(const ConfigImage &current, const ConfigImage &defaults) {
-    trace();
-    return write({current.time, defaults.time});
+    return trace(), write({current.time, defaults.time});
 }
 
 int full::convConfigSIP() { return trace(); }
 
 // --------------------------------------------------------------------------------------------------------- switch
 
-namespace {
-
-int writeMtu(const SectionLines<SwitchConfig> &config) {
+static int writeMtu(const SectionLines<SwitchConfig> &config) {
     config.value(&SwitchConfig::mtu, "switch mtu %d\n");
     return 0;
 }
 
-} // namespace
-
 int full::convConfigSwitchConfig_SwitchConfig_configure_switch(const SwitchConfig &current) {
-    trace();
-    return writeMtu({current});
+    return trace(), writeMtu({current});
 }
 
 int delta::convConfigSwitchConfig_SwitchConfig_configure_switch(const SwitchConfig &current,
                                                                 const SwitchConfig &defaults) {
-    trace();
-    return writeMtu({current, defaults});
+    return trace(), writeMtu({current, defaults});
 }
 
-namespace {
-
-int write(const SectionLines<StatisticsPolling> &polling) {
+static int write(const SectionLines<StatisticsPolling> &polling) {
     polling.value(&StatisticsPolling::ports,
                   {"switch statistics polling port %d \n", "switch statistics polling port %d\n"});
     polling.value(&StatisticsPolling::interval,
@@ -197,27 +161,21 @@ int write(const SectionLines<StatisticsPolling> &polling) {
     return 0;
 }
 
-} // namespace
-
 int full::convConfigSwitchConfig_SwitchConfig_configure_switch_statistics_polling(const StatisticsPolling &current) {
-    trace();
-    return write({current});
+    return trace(), write({current});
 }
 
 int delta::convConfigSwitchConfig_SwitchConfig_configure_switch_statistics_polling(const StatisticsPolling &current,
                                                                                    const StatisticsPolling &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
 
 // ------------------------------------------------------------------------------------------------------- identity
 
-namespace {
-
 /// A text of the identity. Full mode has no line for an empty one; delta mode removes one that became empty.
-template <std::size_t Width> void appendIdentity(const SectionLines<CompanyInfo> &company,
-                                                 Text<Width> CompanyInfo::*field,
-                                                 std::type_identity_t<Format<Text<Width>>> line, Line none) {
+template <std::size_t Width> static void appendIdentity(const SectionLines<CompanyInfo> &company,
+                                                        Text<Width> CompanyInfo::*field,
+                                                        std::type_identity_t<Format<Text<Width>>> line, Line none) {
     const Text<Width> &text = company.current.*field;
     if (!company.due(field)) return;
     if (!text.empty()) append(line, text);
@@ -225,7 +183,7 @@ template <std::size_t Width> void appendIdentity(const SectionLines<CompanyInfo>
 }
 
 /// The order is that of the keywords, not that of the record.
-int write(const SectionLines<CompanyInfo> &company, const SectionLines<ConfigImage> &image) {
+static int write(const SectionLines<CompanyInfo> &company, const SectionLines<ConfigImage> &image) {
     appendIdentity(company, &CompanyInfo::companyName, "switch-info company-name %s\n",
                    "no switch-info company-name\n");
     image.value(&ConfigImage::cpuLoadingThreshold, "switch-info cpu-loading-threshold %d\n");
@@ -240,28 +198,22 @@ int write(const SectionLines<CompanyInfo> &company, const SectionLines<ConfigIma
     return 0;
 }
 
-} // namespace
-
 int full::convConfigCompanyInfo_mid_sys_company_info_configure_switch_info(const CompanyInfo &current) {
-    trace();
-    return write({current}, {*gSysConfig});
+    return trace(), write({current}, {*gSysConfig});
 }
 
 int delta::convConfigCompanyInfo_mid_sys_company_info_configure_switch_info(const CompanyInfo &current,
                                                                             const CompanyInfo &defaults) {
-    trace();
-    return write({current, defaults}, {*gSysConfig, *gDefConfig});
+    return trace(), write({current, defaults}, {*gSysConfig, *gDefConfig});
 }
 
 // --------------------------------------------------------------------------------------------------------- syslog
 
-namespace {
+static AddressText server1Of(const LogConfig &log) { return ipv4First(log.server[0], log.serverIpv6[0]); }
+static AddressText server2Of(const LogConfig &log) { return ipv4First(log.server[1], log.serverIpv6[1]); }
+static AddressText server3Of(const LogConfig &log) { return ipv4First(log.server[2], log.serverIpv6[2]); }
 
-AddressText server1Of(const LogConfig &log) { return ipv4First(log.server[0], log.serverIpv6[0]); }
-AddressText server2Of(const LogConfig &log) { return ipv4First(log.server[1], log.serverIpv6[1]); }
-AddressText server3Of(const LogConfig &log) { return ipv4First(log.server[2], log.serverIpv6[2]); }
-
-int write(const SectionLines<LogConfig> &log, const SectionLines<ConfigImage> &image) {
+static int write(const SectionLines<LogConfig> &log, const SectionLines<ConfigImage> &image) {
     log.onOff(&LogConfig::enabled, "syslog\n", "no syslog\n");
     image.onOff(&ConfigImage::logTerminalHistory, "syslog logging-type terminal-history\n",
                 "no syslog logging-type terminal-history\n");
@@ -271,38 +223,28 @@ int write(const SectionLines<LogConfig> &log, const SectionLines<ConfigImage> &i
     return 0;
 }
 
-} // namespace
-
 int full::convConfigLogConfig_LogConfig_configure_syslog(const LogConfig &current) {
-    trace();
-    return write({current}, {*gSysConfig});
+    return trace(), write({current}, {*gSysConfig});
 }
 
 int delta::convConfigLogConfig_LogConfig_configure_syslog(const LogConfig &current, const LogConfig &defaults) {
-    trace();
-    return write({current, defaults}, {*gSysConfig, *gDefConfig});
+    return trace(), write({current, defaults}, {*gSysConfig, *gDefConfig});
 }
 
 // ------------------------------------------------------------------------------------------------------- terminal
 
-namespace {
-
-int writeTerminal(const SectionLines<SwitchConfig> &config) {
+static int writeTerminal(const SectionLines<SwitchConfig> &config) {
     config.value(&SwitchConfig::terminalLength, "terminal length %d\n");
     return 0;
 }
 
-} // namespace
-
 int full::convConfigterminalConfig_terminalConfig_configure_terminal(const SwitchConfig &current) {
-    trace();
-    return writeTerminal({current});
+    return trace(), writeTerminal({current});
 }
 
 int delta::convConfigterminalConfig_terminalConfig_configure_terminal(const SwitchConfig &current,
                                                                       const SwitchConfig &defaults) {
-    trace();
-    return writeTerminal({current, defaults});
+    return trace(), writeTerminal({current, defaults});
 }
 
 // ---------------------------------------------------------------------------------------------------- time ranges
@@ -396,16 +338,13 @@ int write(const SectionLines<TimeRangeTable> &ranges) {
 } // namespace
 
 int full::convConfigTimeRangeConfig_TimeRangeConfig_configure_timerange(const TimeRangeTable &current) {
-    trace();
-    return write({current});
+    return trace(), write({current});
 }
 
 int delta::convConfigTimeRangeConfig_TimeRangeConfig_configure_timerange(const TimeRangeTable &current,
                                                                          const TimeRangeTable &defaults) {
-    trace();
-    return write({current, defaults});
+    return trace(), write({current, defaults});
 }
 
 int full::convConfigUSBControl_USBControl_configure_usb() { return trace(); }
-
 int full::convConfigVoice() { return trace(); }

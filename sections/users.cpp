@@ -8,13 +8,11 @@
 
 // ------------------------------------------------------------------------------------------------------- accounts
 
-namespace {
-
-bool passwordsAreMd5() { return mapi_sys_userauth_method_get(MAPI_NO_TRANSACTION) != 0; }
+static bool passwordsAreMd5() { return mapi_sys_userauth_method_get(MAPI_NO_TRANSACTION) != 0; }
 
 /// Has the platform make the MD5 form of an entry's password, unless the entry holds one. What the platform writes may
 /// be longer than the field, which keeps its first characters.
-void fillPasswordMd5(User &user) {
+static void fillPasswordMd5(User &user) {
     if (!user.passwordMd5.empty()) return;
     char password[sizeof user.password + 1] = {}; // the field may lack a terminator
     std::memcpy(password, user.password.characters, sizeof user.password);
@@ -23,18 +21,16 @@ void fillPasswordMd5(User &user) {
     user.passwordMd5 = md5;
 }
 
-void appendRemoval(const User &user) { append("no user name %s\n", user.name); }
-void appendPassword(const Secret<24> &password) { append("password %s\n", password); }
+static void appendRemoval(const User &user) { append("no user name %s\n", user.name); }
+static void appendPassword(const Secret<24> &password) { append("password %s\n", password); }
 
-void appendHead(const User &user) { append("user name %s\n", user.name); }
+static void appendHead(const User &user) { append("user name %s\n", user.name); }
 
 /// The lines between the password and the description. An unknown level has a line of its own kind, without "level".
-void writeLevelAndState(const SectionLines<User> &user) {
+static void writeLevelAndState(const SectionLines<User> &user) {
     user.code(&User::level, {{1, "level ro\n"}, {2, "level rw\n"}, {3, "level admin\n"}}, "not supported\n");
     user.onOff(&User::active, "active\n", "no active\n");
 }
-
-} // namespace
 
 // Full mode removes every account of the default image first, also one that the current image has too. In delta mode
 // an account of the default image is in use only with exactly 1, an account counts as changed by its head alone, and an
@@ -100,12 +96,14 @@ int delta::convConfigUser_PasswordEncryption_configure_user() {
 
 // --------------------------------------------------------------------------------------------- RADIUS and TACACS+
 
-namespace {
+static AddressText server1Of(const AuthenticationClient &client) {
+    return ipv6First(client.server[0], client.serverIpv6[0]);
+}
+static AddressText server2Of(const AuthenticationClient &client) {
+    return ipv6First(client.server[1], client.serverIpv6[1]);
+}
 
-AddressText server1Of(const AuthenticationClient &client) { return ipv6First(client.server[0], client.serverIpv6[0]); }
-AddressText server2Of(const AuthenticationClient &client) { return ipv6First(client.server[1], client.serverIpv6[1]); }
-
-int writeRadius(const SectionLines<AuthenticationClient> &radius) {
+static int writeRadius(const SectionLines<AuthenticationClient> &radius) {
     radius.onOff(&AuthenticationClient::enabled, "user radius\n", "no user radius\n");
     radius.text(&AuthenticationClient::secret, "user radius secret %s\n");
     radius.value(&AuthenticationClient::port, "user radius radius-port %d\n");
@@ -115,7 +113,7 @@ int writeRadius(const SectionLines<AuthenticationClient> &radius) {
     return 0;
 }
 
-int writeTacacs(const SectionLines<AuthenticationClient> &tacacs) {
+static int writeTacacs(const SectionLines<AuthenticationClient> &tacacs) {
     tacacs.onOff(&AuthenticationClient::enabled, "user tacacs\n", "no user tacacs\n");
     tacacs.text(&AuthenticationClient::secret, "user tacacs secret %s\n");
     tacacs.value(&AuthenticationClient::port, "user tacacs tacacs-port %d\n");
@@ -125,26 +123,20 @@ int writeTacacs(const SectionLines<AuthenticationClient> &tacacs) {
     return 0;
 }
 
-} // namespace
-
 int full::convConfigRadiusInfo_RadiusInfo_configure_user(const AuthenticationClient &current) {
-    trace();
-    return writeRadius({current});
+    return trace(), writeRadius({current});
 }
 
 int delta::convConfigRadiusInfo_RadiusInfo_configure_user(const AuthenticationClient &current,
                                                           const AuthenticationClient &defaults) {
-    trace();
-    return writeRadius({current, defaults});
+    return trace(), writeRadius({current, defaults});
 }
 
 int full::convConfigTacacsInfo_Tacacs_configure_user(const AuthenticationClient &current) {
-    trace();
-    return writeTacacs({current});
+    return trace(), writeTacacs({current});
 }
 
 int delta::convConfigTacacsInfo_Tacacs_configure_user(const AuthenticationClient &current,
                                                       const AuthenticationClient &defaults) {
-    trace();
-    return writeTacacs({current, defaults});
+    return trace(), writeTacacs({current, defaults});
 }

@@ -370,11 +370,6 @@ TEST(Blocks, OneForEachValueInTheirOrder) {
               }));
 }
 
-TEST(Blocks, OnOff) {
-    EXPECT_EQ("on\n", appended([] { appendOnOff(true, "on\n", "off\n"); }));
-    EXPECT_EQ("off\n", appended([] { appendOnOff(false, "on\n", "off\n"); }));
-}
-
 TEST(Blocks, LineOfAValue) {
     EXPECT_EQ("two\n", appended([] { EXPECT_TRUE(appendValueLine(2, {{1, "one\n"}, {2, "two\n"}})); }));
     EXPECT_EQ("", appended([] { EXPECT_FALSE(appendValueLine(258, {{1, "one\n"}, {2, "two\n"}})); }));
