@@ -209,6 +209,21 @@ for blocks in 0 1 $((size / 1024)) $((size / 1024 + 1)); do
     done
 done
 
+# The same limit without the signal ignored ends the program, and what it allows stays.
+case="limit on the size of files"
+status=0
+{
+    (
+        ulimit -c 0
+        ulimit -f 1
+        exec "${command[@]}" running_config -f out/text
+    ) </dev/null || status=$?
+} 2>/dev/null
+((status == 153)) || found "$case: status $status, not 153"
+only text
+cmp -s out/text <(head -c 1024 good_running_config) || found "$case: $(stat -c %s out/text) bytes stayed, not 1024"
+rm -f out/text
+
 # ---- A text that is too long, over a file and without one.
 good_store
 fault="too many VLANs"

@@ -61,7 +61,7 @@ told() {
     difference=$(diff <(printf '%s\n' "$@" | sort -u) <(sed -n "s/^\\.It $macro//p" "$page" | sort -u)) ||
         found "$page, items $macro: $difference"
 }
-mapfile -t verbs < <(sed -n 's/^ *{"\([a-z_]*\)", MAPI_CONFIG_.*/\1/p' app/run.cpp)
+mapfile -t verbs < <(sed -n 's/^ *{"\([a-z_]*\)", MAPI_CONFIG_.*/\1/p' app/verbs.h)
 told docs/textcfg.1 'Cm ' "${verbs[@]}"
 
 # statuses_of SOURCE FUNCTION…: the numbers that the functions return, as a shell sees them.
