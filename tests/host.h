@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
@@ -39,10 +40,12 @@ template <std::size_t Size> struct Marked {
     }
 };
 
-/// A folder that is gone after the test, and no store named when it begins.
+/// A folder that is gone after the test, and no store named when it begins. Messages are those of a program "textcfg".
 class Store : public ::testing::Test {
 protected:
     Store() {
+        static char program[] = "textcfg";
+        program_invocation_short_name = program;
         std::string pattern = (std::filesystem::temp_directory_path() / "textcfg-host-XXXXXX").string();
         EXPECT_NE(mkdtemp(pattern.data()), nullptr);
         folder = pattern;
@@ -69,6 +72,9 @@ protected:
         std::sort(names.begin(), names.end());
         return names;
     }
+
+    /// How a message about the store begins, as long as it is named.
+    std::string about() const { return "textcfg: TEXTCFG_STORE=" + folder.string() + ": "; }
 
     /// What the start of a transaction says and returns.
     std::int32_t start(std::string &said) const {
@@ -110,6 +116,8 @@ inline void makeFault(const std::string &path, const std::string &name, std::siz
         ASSERT_EQ(mkdir(path.c_str(), 0755), 0);
     } else if (name == "fifo") {
         ASSERT_EQ(mkfifo(path.c_str(), 0644), 0);
+    } else if (name == "dangling link") {
+        std::filesystem::create_symlink("nowhere", path);
     } else {
         std::ofstream(path, std::ios::binary) << std::string(size, 'x');
     }

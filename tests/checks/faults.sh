@@ -21,6 +21,7 @@ fi
 mkdir store out
 chmod 777 out
 export TEXTCFG_STORE=$scratch/store
+about="textcfg: TEXTCFG_STORE=$TEXTCFG_STORE: "
 
 image=262144 board=244
 good_store() {
@@ -104,12 +105,12 @@ for file in {running,startup,customer_default,default,board}.img; do
         folder) rm "$path" && mkdir "$path" && what="found a folder" ;;
         unreadable) chmod 000 "$path" && what="Permission denied" ;;
         pipe) rm "$path" && mkfifo "$path" && chmod 666 "$path" && what="found something that is not a regular file" ;;
-        dangling) rm "$path" && ln -s missing "$path" && what="No such file or directory" ;;
+        dangling) rm "$path" && ln -s missing "$path" && what="found a link that leads nowhere" ;;
         esac || give_up "$file could not be made: $kind"
         fault="$file $kind"
         for verb in "${verbs[@]}"; do
             if [[ " $(needed_by "$file") " == *" $verb "* ]]; then
-                refused "$verb" "store file $TEXTCFG_STORE/$file: $what; expected $size bytes"
+                refused "$verb" "$about$file: $what; expected $size bytes"
             else
                 rendered "$verb"
             fi
@@ -121,12 +122,20 @@ done
 good_store
 fault="no platform.conf"
 rendered running_config
-for kind in folder unreadable unknown number encryption; do
+printf '\xef\xbb\xbf# by an editor\r\nactive_bank = 1\r\npassword_encryption\t= none\r\n' >store/platform.conf
+fault="platform.conf of an editor"
+rendered running_config
+for kind in folder unreadable dangling long unknown number encryption; do
     good_store
-    path=store/platform.conf message="store file $TEXTCFG_STORE/platform.conf"
+    path=store/platform.conf message=${about}platform.conf
     case $kind in
     folder) mkdir $path && message+=": found a folder; expected lines of settings" ;;
     unreadable) : >$path && chmod 000 $path && message+=": Permission denied; expected lines of settings" ;;
+    dangling) ln -s missing $path && message+=": found a link that leads nowhere; expected lines of settings" ;;
+    long)
+        truncate -s 65537 $path
+        message+=": found 65537 bytes; expected lines of settings, at most 65536 bytes"
+        ;;
     unknown)
         printf '\nbank=1\n' >$path
         message+=", line 2: found \"bank=1\"; expected active_bank=N or password_encryption=none or password_encryption=md5"
@@ -149,10 +158,25 @@ done
 good_store
 export TEXTCFG_STORE=$scratch/nowhere
 fault="no store"
-refused running_config "store $TEXTCFG_STORE: No such file or directory; expected a folder"
+refused running_config "textcfg: TEXTCFG_STORE=$TEXTCFG_STORE: No such file or directory; expected a folder"
 export TEXTCFG_STORE=$scratch/textcfg
 fault="a store that is a file"
-refused running_config "store $TEXTCFG_STORE: Not a directory; expected a folder"
+refused running_config "textcfg: TEXTCFG_STORE=$TEXTCFG_STORE: Not a directory; expected a folder"
+export TEXTCFG_STORE=$'no\e[31mwhere\n'
+fault="a store whose name has control characters"
+refused running_config "textcfg: TEXTCFG_STORE=no\\x1b[31mwhere\\x0a: No such file or directory; expected a folder"
+
+# ---- No store: the built-in one is rendered, and nobody takes it for a store of theirs.
+case="no store named"
+unset TEXTCFG_STORE
+run 0 "textcfg: TEXTCFG_STORE is not set: this is the built-in example" running_config -f out/text
+mv -f out/text built_in
+case="a store without a name"
+export TEXTCFG_STORE=
+run 0 "textcfg: TEXTCFG_STORE is empty: this is the built-in example" running_config -f out/text
+cmp -s out/text built_in || found "$case: another text"
+[[ -s built_in ]] || found "no text of the built-in store"
+rm -f out/text
 export TEXTCFG_STORE=$scratch/store
 
 # ---- The output. Where only that fails, the run does not.

@@ -21,6 +21,9 @@ run 0 running_config -f first.txt # may build
 [[ -s first.txt ]] || found "no text in the caller's folder"
 says out ""
 [[ $(tail -n 1 err) == "script/run: the text is in first.txt" ]] || found "the path is not named: $(cat err)"
+# With a store named, the program itself has nothing to say.
+export TEXTCFG_STORE=$scratch/store
+"$root/build/release/platform/host/textcfg-store" "$TEXTCFG_STORE" || give_up "no store could be written"
 
 # From here on nothing may be built, installed or fetched.
 mkdir poison
