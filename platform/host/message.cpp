@@ -47,7 +47,11 @@ Shown::Shown(const char *bytes, std::size_t length, std::size_t most) {
         to += size;
         i += size;
     }
-    std::strcpy(to, length > kept ? "..." : "");
+    if (length > kept) {
+        std::memcpy(to, "...", 3);
+        to += 3;
+    }
+    *to = '\0';
 }
 
 const char *programName() { return program_invocation_short_name; }

@@ -48,6 +48,7 @@ newest=$(grep -m 1 '^## ' "$root/CHANGELOG.md")
 date=$(sed -n 's/.*(\(.*\))$/\1/p' <<<"$newest")
 same CHANGELOG.md "$newest" "## $version ($date)"
 same "the package" "$(dpkg-deb -f "$package" Version)" "$version-1"
+same textcfg-store "$(usr/bin/textcfg-store --version)" "textcfg-store $version"
 same packaging/changelog "$(dpkg-parsechangelog -l "$root/packaging/changelog" -S Version)" "$version-1"
 same packaging/changelog "$(LC_ALL=C date -u -d "$(dpkg-parsechangelog -l "$root/packaging/changelog" -S Date)" +%F)" "$date"
 for page in "$root"/docs/*.1; do
