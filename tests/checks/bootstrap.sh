@@ -3,8 +3,7 @@
 # a folder of commands that only note how they were called.
 . "$(dirname -- "${BASH_SOURCE[0]}")/common.sh"
 
-scratch=$(mktemp -d) || exit 1
-trap 'rm -rf "$scratch"' EXIT
+make_scratch
 cd "$scratch" || exit 1
 mkdir bin
 for tool in bash env dirname chmod; do ln -s "$(command -v "$tool")" bin/; done

@@ -2,8 +2,7 @@
 # What bash offers behind textcfg and textcfg-store.
 . "$(dirname -- "${BASH_SOURCE[0]}")/common.sh"
 
-scratch=$(mktemp -d) || exit 1
-trap 'rm -rf "$scratch"' EXIT
+make_scratch
 cd "$scratch" || exit 1
 mkdir here here/folder && cd here || exit 1
 touch file.txt "with a blank.txt" -- -f.txt

@@ -5,19 +5,17 @@
 #     faults.sh [EMULATOR] PROGRAM
 . "$(dirname -- "${BASH_SOURCE[0]}")/common.sh"
 
-scratch=$(mktemp -d) || exit 1
-trap 'rm -rf "$scratch"' EXIT
-cd "$scratch" || exit 1
-unset TEXTCFG_STORE
-
 # Root may read and write what nobody may, so root lets somebody else run the program, from where he can reach it.
-command=("${@:1:$#-1}" "$scratch/textcfg")
-cp -- "${!#}" textcfg || give_up "no program"
 if (($(id -u) == 0)); then
     command -v setpriv >/dev/null || give_up "there is no setpriv to run the program without root's rights"
-    command=(setpriv --reuid=65534 --regid=65534 --clear-groups -- "${command[@]}")
-    chmod 755 . textcfg
+    as_somebody=(setpriv --reuid=65534 --regid=65534 --clear-groups --)
 fi
+make_scratch
+cd "$scratch" || exit 1
+unset TEXTCFG_STORE
+command=("${as_somebody[@]}" "${@:1:$#-1}" "$scratch/textcfg")
+cp -- "${!#}" textcfg || give_up "no program"
+chmod 755 textcfg
 mkdir store out
 chmod 777 out
 export TEXTCFG_STORE=$scratch/store

@@ -9,8 +9,7 @@ for page in "${pages[@]}"; do
     warnings=$(mandoc -T lint -W warning "$page" 2>&1) || found "$page: $warnings"
 done
 
-scratch=$(mktemp -d) || exit 1
-trap 'rm -rf "$scratch"' EXIT
+make_scratch
 
 # The text of a page on one line, whatever stood in bold.
 text_of() { mandoc -T ascii -O width=1000 "$1" | sed 's/.\x08//g' | tr -s ' \t\n' ' '; }

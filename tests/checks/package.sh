@@ -3,8 +3,7 @@
 # script/test-package does more: it installs the package on a system of its own.
 . "$(dirname -- "${BASH_SOURCE[0]}")/common.sh"
 
-scratch=$(mktemp -d) || exit 1
-trap 'rm -rf "$scratch"' EXIT
+make_scratch
 unset TEXTCFG_STORE
 
 log=$("$root/script/build" release -DCMAKE_BUILD_TYPE=Release 2>&1 </dev/null &&

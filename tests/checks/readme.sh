@@ -3,8 +3,7 @@
 . "$(dirname -- "${BASH_SOURCE[0]}")/common.sh"
 cd "$root" || exit 1
 
-scratch=$(mktemp -d) || exit 1
-trap 'rm -rf "$scratch"' EXIT
+make_scratch
 unset TEXTCFG_STORE
 
 # The commands, with folders of this check in place of those that they name.

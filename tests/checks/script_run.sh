@@ -2,8 +2,7 @@
 # script/run builds once, writes where it is told, says so, and passes the program's status and output on.
 . "$(dirname -- "${BASH_SOURCE[0]}")/common.sh"
 
-scratch=$(mktemp -d) || exit 1
-trap 'rm -rf "$scratch"' EXIT
+make_scratch
 cd "$scratch" || exit 1
 unset TEXTCFG_STORE
 
