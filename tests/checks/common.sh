@@ -48,6 +48,8 @@ make_scratch() {
     done
     give_up "no folder in which programs can run"
 }
+# Prints the verbs of the program, a line each, in their order.
+verbs_of_program() { sed -n 's/^ *{"\([a-z_]*\)", MAPI_CONFIG_.*/\1/p' "$root/app/verbs.h"; }
 
 # Sets `files` to the files of the project whose path matches one of the given patterns: those that git knows, or
 # outside of a git tree all that are there.
