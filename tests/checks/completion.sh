@@ -53,7 +53,7 @@ expect textcfg running_config -f file.txt "" : ""
 expect textcfg running_config -f file.txt - : ""
 expect textcfg -f file.txt running_config "" : ""
 expect textcfg -f file.txt -f "" : ""
-expect textcfg-store - : --help
+expect textcfg-store - : -h --help --version
 expect textcfg-store folder "" : ""
 
 # Files and folders are bash's own, so the key is pressed in an interactive shell.
