@@ -15,8 +15,8 @@ make_scratch
 # The text of a page on one line, whatever stood in bold.
 text_of() { mandoc -T ascii -O width=1000 "$1" | sed 's/.\x08//g' | tr -s ' \t\n' ' '; }
 
-# The messages of sources, a line each: what stands between quotes and is more than a word. Of a text of several lines
-# that tells how a program is called, the first one.
+# The messages of sources, a line each: what is between quotes and is more than a word. Of a text of several lines
+# that says how a program is called, the first one.
 messages_of() {
     # shellcheck disable=SC2016 # Perl's
     perl -0777 -ne '
