@@ -48,6 +48,7 @@ make_scratch() {
     done
     give_up "no folder in which programs can run"
 }
+
 # Prints the verbs of the program, a line each, in their order.
 verbs_of_program() { sed -n 's/^ *{"\([a-z_]*\)", MAPI_CONFIG_.*/\1/p' "$root/app/verbs.h"; }
 

@@ -3,8 +3,7 @@
 # does not remove again.
 . "$(dirname -- "${BASH_SOURCE[0]}")/common.sh"
 
-scratch=$(mktemp -d) || exit 1
-trap 'rm -rf "$scratch"' EXIT
+make_scratch
 
 "$root/script/build" release -DCMAKE_BUILD_TYPE=Release >"$scratch/log" 2>&1 </dev/null ||
     give_up "no program: $(cat "$scratch/log")"

@@ -2,8 +2,7 @@
 # The commands of docs/recipes.md run as written, one after the other, and print what the document says.
 . "$(dirname -- "${BASH_SOURCE[0]}")/common.sh"
 
-scratch=$(mktemp -d) || exit 1
-trap 'rm -rf "$scratch"' EXIT
+make_scratch
 "$root/script/build" release -DCMAKE_BUILD_TYPE=Release >"$scratch/log" 2>&1 </dev/null ||
     give_up "no program: $(cat "$scratch/log")"
 export PATH=$root/build/release:$root/build/release/platform/host:$PATH

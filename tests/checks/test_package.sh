@@ -3,8 +3,7 @@
 # Nothing is built here; the commands are replaced by ones that note who called them.
 . "$(dirname -- "${BASH_SOURCE[0]}")/common.sh"
 
-scratch=$(mktemp -d) || exit 1
-trap 'rm -rf "$scratch"' EXIT
+make_scratch
 chmod 755 "$scratch"
 cd "$scratch" || exit 1
 

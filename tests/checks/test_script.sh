@@ -4,7 +4,7 @@
 # they were called.
 . "$(dirname -- "${BASH_SOURCE[0]}")/common.sh"
 
-scratch=$(mktemp -d) || exit 1
+make_scratch
 trap 'chmod -R u+rwx "$scratch"; rm -rf "$scratch"' EXIT
 chmod 755 "$scratch"
 cd "$scratch" || exit 1
