@@ -6,6 +6,7 @@
 #include "platform/image.h"
 #include "platform/mapi.h"
 
+#include <cerrno>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
@@ -77,20 +78,27 @@ int renderToFile(const char *program, std::int32_t handle, const Verb &verb) {
     return 0;
 }
 
+/// Empties the file: a part of a configuration must not be taken for a whole one. A pipe or a device stays as it is.
+void makeEmpty(const char *path) {
+    while (truncate(path, 0) != 0 && errno == EINTR) {
+    }
+}
+
 } // namespace
 
 int TextCfg2file(const char *path) {
     std::FILE *const file = std::fopen(path, "w+");
     if (file == nullptr) return -1;
     pthread_mutex_lock(&CfgFileMutex);
+    // Without a buffer the kernel gets the whole text in one write: no signal can come between two parts of it.
+    std::setvbuf(file, nullptr, _IONBF, 0);
     const std::size_t length = strnlen(Temp_Configuration, textBufferSize);
     const bool written = std::fwrite(Temp_Configuration, 1, length, file) == length;
     const bool closed = std::fclose(file) == 0;
     const bool whole = written && closed;
-    // A part of a configuration must not be taken for a whole one.
-    const bool emptied = whole || truncate(path, 0) == 0;
+    if (!whole) makeEmpty(path);
     pthread_mutex_unlock(&CfgFileMutex);
-    return whole && emptied ? 0 : -1;
+    return whole ? 0 : -1;
 }
 
 int textcfgMain(int argc, char **argv) {

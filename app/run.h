@@ -13,8 +13,8 @@ extern char ConfigFile[configFileSize + 1];
 /// Held while the output file is written and closed.
 extern pthread_mutex_t CfgFileMutex;
 
-/// Writes the text configuration to `path`, created or truncated, and nothing else. Returns 0, or -1 if the file could
-/// not be opened or not be written whole; what could be written of it is then taken back, the file is left empty.
+/// Writes the text configuration to `path`, created or truncated, in one write. Returns 0, or -1 if the file could not
+/// be opened or not be written whole. In the second case the file is emptied, as far as the system allows it.
 int TextCfg2file(const char *path);
 
 /// The program, given the words of its command line. Returns 0, or -1 with the reason on standard output where there is

@@ -1,17 +1,15 @@
 /// The run: command line, order of calls to the platform, failures, output file.
+#include "output_file.h"
 #include "rows.h"
 
 #include "app/run.h"
 #include "platform/mapi.h"
 
-#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
-#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
-#include <future>
 #include <iterator>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -80,25 +78,6 @@ Result run(std::vector<std::string> words) {
     return runNamed(std::move(words));
 }
 
-/// What stands at a path, put aside for a test and restored behind it.
-class Aside {
-public:
-    explicit Aside(fs::path path) : path_(std::move(path)), kept_(path_.string() + ".put-aside-by-a-test") {
-        if (fs::exists(fs::symlink_status(path_))) fs::rename(path_, kept_);
-    }
-    ~Aside() {
-        std::error_code ignored;
-        fs::remove_all(path_, ignored);
-        if (fs::exists(fs::symlink_status(kept_))) fs::rename(kept_, path_, ignored);
-    }
-    Aside(const Aside &) = delete;
-    Aside &operator=(const Aside &) = delete;
-
-private:
-    fs::path path_;
-    fs::path kept_;
-};
-
 /// Each selector's image has another port shut down: port 1 in the running one, 2 in the default, 3 in the startup, 4
 /// in the customer default.
 class Run : public testing::Test {
@@ -116,12 +95,16 @@ protected:
         ASSERT_NE(mkdtemp(name.data()), nullptr);
         folder = name;
         path = (folder / "out.txt").string();
+        byDefault = (folder / "default.txt").string();
+        outputFile = {};
+        outputFile.standsForDefault = byDefault;
     }
     void TearDown() override {
         EXPECT_EQ(0, ConfigFile[255]) << "the byte behind the path";
         // Nothing holds the mutex between runs.
         ASSERT_EQ(0, pthread_mutex_trylock(&CfgFileMutex));
         pthread_mutex_unlock(&CfgFileMutex);
+        outputFile = {};
         fs::remove_all(folder);
     }
 
@@ -129,6 +112,7 @@ protected:
 
     fs::path folder;
     std::string path;
+    std::string byDefault; ///< what stands for /tmp/config
 };
 
 /// A path of `length` characters in `folder`.
@@ -280,13 +264,12 @@ TEST_F(Run, ItsNameIsNoWord) {
 
 TEST_F(Run, NeedsOneToThreeWords) {
     const std::string refusal = std::string("tool: Bad argument: tool\n") + usage;
-    const Aside untouched("/tmp/config");
     expectRefused({}, refusal);
     expectRefused({"running_config", "startup_config", "-f", path}, refusal);
     expectRefused({"running_config", "running_config", "running_config", "running_config"}, refusal);
     expectRefused({"-x", "-f", path, "-x", "more"}, refusal);
     EXPECT_TRUE(nothingWritten());
-    EXPECT_FALSE(fs::exists("/tmp/config"));
+    EXPECT_EQ(Calls{}, outputFile.opened);
 
     EXPECT_EQ(silentSuccess, run({"running_config", "-f", path}));
     EXPECT_EQ(silentSuccess, run({"running_config"}));
@@ -348,7 +331,6 @@ TEST_F(Run, WordBehindAFileOptionIsAPathWhateverItIs) {
 
 TEST_F(Run, LastVerbWins) {
     const auto selectorOf = [](const std::vector<std::string> &words) {
-        const Aside untouched("/tmp/config");
         forgetCalls();
         EXPECT_EQ(silentSuccess, run(words));
         return platform.calls.at(2);
@@ -371,27 +353,24 @@ TEST_F(Run, LastVerbWins) {
 // ------------------------------------------------------------------------------------------------------------- paths
 
 TEST_F(Run, DefaultPath) {
-    const Aside untouched("/tmp/config");
-    EXPECT_EQ(silentSuccess, run({"running_config"}));
-    EXPECT_STREQ("/tmp/config", ConfigFile);
-    EXPECT_EQ(Temp_Configuration, contents("/tmp/config"));
-    fs::remove("/tmp/config");
-
-    EXPECT_EQ(silentSuccess, run({"running_config", "bogus"}));
-    EXPECT_EQ(Temp_Configuration, contents("/tmp/config"));
-    fs::remove("/tmp/config");
-
-    // An empty path is none.
-    EXPECT_EQ(silentSuccess, run({"running_config", "-f", ""}));
-    EXPECT_EQ(Temp_Configuration, contents("/tmp/config"));
-    fs::remove("/tmp/config");
+    // Without a path, also behind a word that is no verb; an empty path is none.
+    for (const Calls &words : {Calls{"running_config"}, {"running_config", "bogus"}, {"running_config", "-f", ""}}) {
+        outputFile.opened.clear();
+        EXPECT_EQ(silentSuccess, run(words));
+        EXPECT_STREQ("/tmp/config", ConfigFile);
+        EXPECT_EQ(Calls{"/tmp/config"}, outputFile.opened);
+        EXPECT_EQ(Temp_Configuration, contents(byDefault));
+        fs::remove(byDefault);
+        EXPECT_TRUE(nothingWritten());
+    }
 
     // A path of an earlier run is forgotten.
     EXPECT_EQ(silentSuccess, run({"running_config", "-f", path}));
+    EXPECT_FALSE(fs::exists(byDefault));
     fs::remove(path);
     EXPECT_EQ(silentSuccess, run({"running_config"}));
-    EXPECT_TRUE(nothingWritten());
-    EXPECT_TRUE(fs::exists("/tmp/config"));
+    EXPECT_FALSE(fs::exists(path));
+    EXPECT_TRUE(fs::exists(byDefault));
 }
 
 TEST_F(Run, DefaultPathIsNotTakenWithoutABoard) {
@@ -424,7 +403,6 @@ TEST_F(Run, PathOf256CharactersIsRefused) {
 }
 
 TEST_F(Run, ShorterPathLeavesNoTraceOfALongerOne) {
-    const Aside untouched("/tmp/config");
     std::memset(ConfigFile, 'z', 255);
     EXPECT_EQ(silentSuccess, run({"running_config", "-f", path}));
     for (std::size_t i = path.size(); i < 256; ++i) EXPECT_EQ(0, ConfigFile[i]) << i;
@@ -680,61 +658,91 @@ TEST_F(TextFile, PartOfATextIsNotLeftBehind) {
     EXPECT_EQ("", contents(path));
 }
 
-/// Asks `condition` again and again for up to ten seconds.
-template <class Condition> bool soon(Condition condition) {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > end) return false;
-        usleep(1000);
+/// The calls that the kernel was asked for by this process to write something, or -1 if it does not count them.
+long long kernelWrites() {
+    std::ifstream counters("/proc/self/io");
+    std::string name;
+    for (long long number; counters >> name >> number;)
+        if (name == "syscw:") return number;
+    return -1;
+}
+
+TEST_F(TextFile, ReachesTheKernelInOneWrite) {
+    if (kernelWrites() < 0) GTEST_SKIP() << "this kernel does not count writes";
+    for (const std::size_t length : {std::size_t{1}, std::size_t{4096}, std::size_t{5000}, std::size_t{262143}}) {
+        fill(length);
+        const long long before = kernelWrites();
+        EXPECT_EQ(0, TextCfg2file(path.c_str()));
+        EXPECT_EQ(before + 1, kernelWrites()) << length;
+        EXPECT_EQ(std::string(length, 't'), contents(path));
     }
-    return true;
 }
 
-TEST_F(TextFile, IsOpenedBeforeTheMutexIsTaken) {
-    fill(10);
-    put(path, "old");
-    pthread_mutex_lock(&CfgFileMutex);
-    auto written = std::async(std::launch::async, [this] { return TextCfg2file(path.c_str()); });
-    EXPECT_TRUE(soon([this] { return fs::file_size(path) == 0; })) << "truncated";
-    EXPECT_EQ(std::future_status::timeout, written.wait_for(std::chrono::milliseconds(50)));
-    EXPECT_EQ("", contents(path)) << "not written without the mutex";
-    pthread_mutex_unlock(&CfgFileMutex);
-    EXPECT_EQ(0, written.get());
-    EXPECT_EQ("tttttttttt", contents(path));
+/// The output file is only recorded, so that it can fail in every way and the order of the steps shows.
+class TextFileSteps : public TextFile {
+protected:
+    void SetUp() override {
+        TextFile::SetUp();
+        outputFile.recorded = true;
+        fill(262143);
+    }
+
+    const std::string open = "open anywhere w+";
+    const std::string write = "write 262143";
+    const std::string empty = "truncate anywhere 0";
+};
+
+TEST_F(TextFileSteps, AreOneWriteWithTheMutexHeld) {
+    EXPECT_EQ(0, TextCfg2file("anywhere"));
+    EXPECT_EQ((Calls{open, "lock", write, "close", "unlock"}), outputFile.events);
+    EXPECT_EQ(std::string(262143, 't'), outputFile.contents);
 }
 
-TEST_F(TextFile, MutexIsNotTouchedWhenThePathCannotBeOpened) {
-    pthread_mutex_lock(&CfgFileMutex);
-    auto written = std::async(std::launch::async, [this] { return TextCfg2file(folder.c_str()); });
-    const bool returned = written.wait_for(std::chrono::seconds(10)) == std::future_status::ready;
-    EXPECT_NE(0, pthread_mutex_trylock(&CfgFileMutex));
-    pthread_mutex_unlock(&CfgFileMutex);
-    EXPECT_TRUE(returned);
-    EXPECT_EQ(-1, written.get());
+TEST_F(TextFileSteps, LeaveTheMutexAloneIfTheFileCannotBeOpened) {
+    outputFile.cannotBeOpened = true;
+    EXPECT_EQ(-1, TextCfg2file("anywhere"));
+    EXPECT_EQ(Calls{open}, outputFile.events);
 }
 
-TEST_F(TextFile, MutexIsHeldWhileTheFileIsWritten) {
-    // A pipe that nobody reads holds the writer up.
-    ASSERT_EQ(0, mkfifo(path.c_str(), 0600));
-    const int reader = open(path.c_str(), O_RDONLY | O_NONBLOCK);
-    ASSERT_GE(reader, 0);
-    fill(262143);
-    auto written = std::async(std::launch::async, [this] { return TextCfg2file(path.c_str()); });
-    EXPECT_TRUE(soon([] {
-        if (pthread_mutex_trylock(&CfgFileMutex) != 0) return true;
-        pthread_mutex_unlock(&CfgFileMutex);
-        return false;
-    }));
-    std::string received;
-    char buffer[4096];
-    EXPECT_TRUE(soon([&] {
-        for (ssize_t count; (count = read(reader, buffer, sizeof buffer)) > 0;)
-            received.append(buffer, static_cast<std::size_t>(count));
-        return received.size() == 262143;
-    }));
-    EXPECT_EQ(0, written.get());
-    close(reader);
-    EXPECT_EQ(std::string(262143, 't'), received);
+TEST_F(TextFileSteps, EmptyAFileThatIsNotWhole) {
+    for (const std::size_t room : {std::size_t{0}, std::size_t{1}, std::size_t{262142}}) {
+        outputFile.events.clear();
+        outputFile.contents.clear();
+        outputFile.room = room;
+        EXPECT_EQ(-1, TextCfg2file("anywhere")) << room;
+        EXPECT_EQ((Calls{open, "lock", write, "close", empty, "unlock"}), outputFile.events) << room;
+        EXPECT_EQ("", outputFile.contents) << room;
+    }
+}
+
+TEST_F(TextFileSteps, EmptyAFileThatCannotBeClosed) {
+    outputFile.closeFails = true;
+    EXPECT_EQ(-1, TextCfg2file("anywhere"));
+    EXPECT_EQ((Calls{open, "lock", write, "close", empty, "unlock"}), outputFile.events);
+    EXPECT_EQ("", outputFile.contents);
+}
+
+TEST_F(TextFileSteps, EmptyItAlsoAfterInterruptions) {
+    outputFile.room = 5000;
+    outputFile.interruptions = 2;
+    EXPECT_EQ(-1, TextCfg2file("anywhere"));
+    EXPECT_EQ((Calls{open, "lock", write, "close", empty, empty, empty, "unlock"}), outputFile.events);
+    EXPECT_EQ("", outputFile.contents);
+}
+
+TEST_F(TextFileSteps, EndWithAFileThatCannotBeEmptied) {
+    outputFile.room = 5000;
+    outputFile.cannotBeEmptied = true;
+    EXPECT_EQ(-1, TextCfg2file("anywhere"));
+    EXPECT_EQ((Calls{open, "lock", write, "close", empty, "unlock"}), outputFile.events);
+}
+
+TEST_F(TextFileSteps, DoNotFailTheRun) {
+    outputFile.room = 100;
+    outputFile.cannotBeEmptied = true;
+    EXPECT_EQ(silentSuccess, run({"running_config", "-f", "anywhere"}));
+    outputFile.cannotBeOpened = true;
+    EXPECT_EQ(silentSuccess, run({"running_config", "-f", "anywhere"}));
 }
 
 } // namespace

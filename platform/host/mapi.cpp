@@ -3,6 +3,7 @@
 #include "platform/mapi.h"
 
 #include "platform/host/factory.h"
+#include "platform/host/message.h"
 #include "platform/host/password_md5.h"
 #include "platform/host/store.h"
 
@@ -30,9 +31,24 @@ constinit Transaction transactions[mostTransactions] = {};
 /// The handle given out last. None is given out twice, so that one that was closed stays closed.
 constinit std::int32_t lastHandle = 0;
 
+/// The store's folder; null: the built-in store.
+const char *storeFolder() {
+    const char *const folder = std::getenv("TEXTCFG_STORE");
+    return folder != nullptr && folder[0] != '\0' ? folder : nullptr;
+}
+
 std::int32_t refuse(const char *operation, const char *why) {
-    std::fprintf(stderr, "%s: %s\n", operation, why);
+    const Shown program(programName());
+    const char *const folder = storeFolder();
+    if (folder == nullptr) std::fprintf(stderr, "%s: %s: %s\n", program.text(), operation, why);
+    else std::fprintf(stderr, "%s: TEXTCFG_STORE=%s: %s: %s\n", program.text(), Shown(folder).text(), operation, why);
     return refused;
+}
+
+/// Whoever meant to name a store must notice that none is named.
+void reportBuiltInStore() {
+    const char *const what = std::getenv("TEXTCFG_STORE") == nullptr ? "not set" : "empty";
+    std::fprintf(stderr, "%s: TEXTCFG_STORE is %s: this is the built-in example\n", Shown(programName()).text(), what);
 }
 
 /// The open transaction `handle`, or null after having told that there is none.
@@ -40,14 +56,18 @@ Transaction *find(const char *operation, std::int32_t handle) {
     if (handle > 0)
         for (Transaction &transaction : transactions)
             if (transaction.handle == handle) return &transaction;
-    std::fprintf(stderr, "%s: transaction %d is not open\n", operation, static_cast<int>(handle));
+    char why[48];
+    std::snprintf(why, sizeof why, "transaction %d is not open", static_cast<int>(handle));
+    refuse(operation, why);
     return nullptr;
 }
 
-/// The store's folder; null: the built-in store.
-const char *storeFolder() {
-    const char *const folder = std::getenv("TEXTCFG_STORE");
-    return folder != nullptr && folder[0] != '\0' ? folder : nullptr;
+/// An open transaction, or null. Its settings hold for what begins or is asked while it is open, so that a run reads
+/// them once.
+const Transaction *anyOpen() {
+    for (const Transaction &transaction : transactions)
+        if (transaction.handle != 0) return &transaction;
+    return nullptr;
 }
 
 /// The settings as they stand now. False, having told why, if they cannot be had.
@@ -73,9 +93,12 @@ bool currentConf(const char *operation, PlatformConf &conf) {
 std::int32_t mapi_start_transc(void) {
     for (Transaction &transaction : transactions) {
         if (transaction.handle != 0) continue;
+        const Transaction *const outer = anyOpen();
         PlatformConf conf;
-        if (!currentConf("mapi_start_transc", conf)) return MAPI_NO_TRANSACTION;
+        if (outer != nullptr) conf = outer->conf;
+        else if (!currentConf("mapi_start_transc", conf)) return MAPI_NO_TRANSACTION;
         if (lastHandle == INT32_MAX) return refuse("mapi_start_transc", "no handle is left");
+        if (outer == nullptr && storeFolder() == nullptr) reportBuiltInStore();
         transaction = {++lastHandle, conf};
         return transaction.handle;
     }
@@ -116,15 +139,9 @@ std::int32_t mapi_sys_dualimage_state_get(std::int32_t handle) {
 
 std::int32_t mapi_sys_userauth_method_get(std::int32_t handle) {
     constexpr const char *operation = "mapi_sys_userauth_method_get";
-    const Transaction *transaction = nullptr;
-    if (handle != MAPI_NO_TRANSACTION) {
-        transaction = find(operation, handle);
-        if (transaction == nullptr) return refused;
-    } else {
-        // Asked for once a user: the settings that an open transaction began with hold, rather than the file each time.
-        for (const Transaction &open : transactions)
-            if (open.handle != 0) transaction = &open;
-    }
+    // Asked without a transaction once for each user.
+    const Transaction *const transaction = handle == MAPI_NO_TRANSACTION ? anyOpen() : find(operation, handle);
+    if (transaction == nullptr && handle != MAPI_NO_TRANSACTION) return refused;
     PlatformConf conf;
     if (transaction != nullptr) conf = transaction->conf;
     else if (!currentConf(operation, conf)) return refused;

@@ -1,5 +1,7 @@
 #include "platform/host/store.h"
 
+#include "platform/host/message.h"
+
 #include <cerrno>
 #include <cstdint>
 #include <cstdio>
@@ -23,6 +25,9 @@ public:
         // Without blocking: a FIFO that nobody writes to must not hang the program.
         descriptor_ = openat(directory, file, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
         if (descriptor_ == -1) fileError_ = errno;
+        struct stat status = {};
+        danglingLink_ = fileError_ == ENOENT && fstatat(directory, file, &status, AT_SYMLINK_NOFOLLOW) == 0 &&
+                        S_ISLNK(status.st_mode);
         close(directory);
     }
     ~StoreFile() {
@@ -32,15 +37,17 @@ public:
     StoreFile &operator=(const StoreFile &) = delete;
 
     /// Whether the folder is there and has no such file.
-    bool absent() const { return fileError_ == ENOENT; }
+    bool absent() const { return fileError_ == ENOENT && !danglingLink_; }
 
     /// Whether this is a regular file that was opened. Fills `size`; tells on standard error what it is otherwise,
     /// `expected` being what it should be.
     bool isRegular(const char *expected, off_t &size) const {
         if (folderError_ != 0) {
-            std::fprintf(stderr, "store %s: %s; expected a folder\n", folder_, std::strerror(folderError_));
+            std::fprintf(stderr, "%s: TEXTCFG_STORE=%s: %s; expected a folder\n", Shown(programName()).text(),
+                         Shown(folder_).text(), std::strerror(folderError_));
             return false;
         }
+        if (danglingLink_) return complain("found a link that leads nowhere", expected);
         if (fileError_ != 0) return complain(std::strerror(fileError_), expected);
         struct stat status = {};
         if (fstat(descriptor_, &status) != 0) return complain(std::strerror(errno), expected);
@@ -64,8 +71,16 @@ public:
         return true;
     }
 
+    /// Reports that the file has another size than `expected`.
+    bool complainOfSize(off_t size, const char *expected) const {
+        char found[48];
+        std::snprintf(found, sizeof found, "found %lld bytes", static_cast<long long>(size));
+        return complain(found, expected);
+    }
+
     bool complain(const char *found, const char *expected) const {
-        std::fprintf(stderr, "store file %s/%s: %s; expected %s\n", folder_, file_, found, expected);
+        std::fprintf(stderr, "%s: TEXTCFG_STORE=%s: %s: %s; expected %s\n", Shown(programName()).text(),
+                     Shown(folder_).text(), file_, found, expected);
         return false;
     }
 
@@ -74,6 +89,7 @@ private:
     const char *file_;
     int folderError_ = 0;
     int fileError_ = 0;
+    bool danglingLink_ = false;
     int descriptor_ = -1;
 };
 
@@ -97,11 +113,7 @@ template <class Record> bool readRecord(const char *folder, const char *name, Re
     const StoreFile file(folder, name);
     off_t size = 0;
     if (!file.isRegular(expected, size)) return false;
-    if (size != static_cast<off_t>(sizeof record)) {
-        char found[48];
-        std::snprintf(found, sizeof found, "found %lld bytes", static_cast<long long>(size));
-        return file.complain(found, expected);
-    }
+    if (size != static_cast<off_t>(sizeof record)) return file.complainOfSize(size, expected);
     prepareMemory(&record, sizeof record);
     if (file.read(&record, sizeof record, expected)) return true;
     std::memset(&record, 0, sizeof record);
@@ -122,10 +134,27 @@ struct Span {
         length -= size;
         return true;
     }
-    bool blank() const {
-        for (std::size_t i = 0; i < length; ++i)
-            if (start[i] != ' ' && start[i] != '\t') return false;
+    void skipBlanks() {
+        while (length != 0 && (*start == ' ' || *start == '\t')) {
+            ++start;
+            --length;
+        }
+    }
+    /// Takes the name of a setting and the sign behind it away from the front, if they stand there, so that the value
+    /// is left. Blanks around the sign do not count.
+    bool skipSetting(const char *name) {
+        Span rest = *this;
+        if (!rest.skip(name)) return false;
+        rest.skipBlanks();
+        if (!rest.skip("=")) return false;
+        rest.skipBlanks();
+        *this = rest;
         return true;
+    }
+    bool blank() const {
+        Span rest = *this;
+        rest.skipBlanks();
+        return rest.length == 0;
     }
 };
 
@@ -148,10 +177,10 @@ bool parseNumber(Span digits, std::int32_t &number) {
 /// Reads one line. Returns what should have stood there, or null if it is understood.
 const char *parseLine(Span line, PlatformConf &conf) {
     if (line.blank() || line.start[0] == '#') return nullptr;
-    if (line.skip("active_bank="))
+    if (line.skipSetting("active_bank"))
         return parseNumber(line, conf.activeBank) ? nullptr
                                                   : "a decimal number from -2147483648 to 2147483647 as active_bank";
-    if (line.skip("password_encryption=")) {
+    if (line.skipSetting("password_encryption")) {
         const bool md5 = line.is("md5");
         if (!md5 && !line.is("none")) return "none or md5 as password_encryption";
         conf.md5Passwords = md5;
@@ -160,33 +189,28 @@ const char *parseLine(Span line, PlatformConf &conf) {
     return "active_bank=N or password_encryption=none or password_encryption=md5";
 }
 
-/// Tells of a line that is not understood. Of a long one the beginning is shown, and no control character as it is.
+/// Tells of a line that is not understood.
 void complainOfLine(const char *folder, const char *bytes, const ConfProblem &problem) {
     constexpr std::size_t most = 60;
-    char shown[4 * most + sizeof "..."];
-    std::size_t length = 0;
-    for (std::size_t i = 0; i < problem.length && i < most; ++i) {
-        const unsigned char character = static_cast<unsigned char>(bytes[problem.start + i]);
-        const bool plain = character >= ' ' && character < 0x7f;
-        length += static_cast<std::size_t>(
-            std::snprintf(shown + length, sizeof shown - length, plain ? "%c" : "\\x%02x", character));
-    }
-    std::snprintf(shown + length, sizeof shown - length, "%s", problem.length > most ? "..." : "");
-    std::fprintf(stderr, "store file %s/%s, line %zu: found \"%s\"; expected %s\n", folder, platformConfFile,
-                 problem.line, shown, problem.expected);
+    std::fprintf(stderr, "%s: TEXTCFG_STORE=%s: %s, line %zu: found \"%s\"; expected %s\n", Shown(programName()).text(),
+                 Shown(folder).text(), platformConfFile, problem.line,
+                 Shown(bytes + problem.start, problem.length, most).text(), problem.expected);
 }
 
 } // namespace
 
 ConfProblem parsePlatformConf(const char *bytes, std::size_t length, PlatformConf &conf) {
-    std::size_t number = 0;
-    for (std::size_t start = 0; start < length;) {
+    // Editors put a byte-order mark in front and a carriage return at the end of each line.
+    constexpr const char *mark = "\xef\xbb\xbf";
+    constexpr std::size_t markLength = 3;
+    std::size_t start = length >= markLength && std::memcmp(bytes, mark, markLength) == 0 ? markLength : 0;
+    for (std::size_t number = 1; start < length; ++number) {
         const void *const newline = std::memchr(bytes + start, '\n', length - start);
         const std::size_t end =
             newline == nullptr ? length : static_cast<std::size_t>(static_cast<const char *>(newline) - bytes);
-        ++number;
-        const char *const expected = parseLine({bytes + start, end - start}, conf);
-        if (expected != nullptr) return {number, start, end - start, expected};
+        const std::size_t size = end - start - (end != start && bytes[end - 1] == '\r' ? 1 : 0);
+        const char *const expected = parseLine({bytes + start, size}, conf);
+        if (expected != nullptr) return {number, start, size, expected};
         start = end + 1;
     }
     return {};
@@ -203,25 +227,22 @@ bool readPlatformConf(const char *folder, PlatformConf &conf) {
         conf = {};
         return true;
     }
-    off_t fileSize = 0;
-    if (!file.isRegular(expected, fileSize)) return false;
-    if (fileSize == 0) {
-        conf = {};
-        return true;
+    off_t size = 0;
+    if (!file.isRegular(expected, size)) return false;
+    if (size > static_cast<off_t>(platformConfLimit)) {
+        char fewer[64];
+        std::snprintf(fewer, sizeof fewer, "lines of settings, at most %zu bytes", platformConfLimit);
+        return file.complainOfSize(size, fewer);
     }
-    const std::size_t size = static_cast<std::size_t>(fileSize);
-    void *const memory = mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-    if (memory == MAP_FAILED) return file.complain(std::strerror(errno), expected);
-
-    bool understood = false;
-    if (file.read(memory, size, expected)) {
-        const char *const bytes = static_cast<const char *>(memory);
-        PlatformConf read;
-        const ConfProblem problem = parsePlatformConf(bytes, size, read);
-        understood = problem.line == 0;
-        if (understood) conf = read;
-        else complainOfLine(folder, bytes, problem);
+    char bytes[platformConfLimit];
+    const std::size_t length = static_cast<std::size_t>(size);
+    if (!file.read(bytes, length, expected)) return false;
+    PlatformConf read;
+    const ConfProblem problem = parsePlatformConf(bytes, length, read);
+    if (problem.line != 0) {
+        complainOfLine(folder, bytes, problem);
+        return false;
     }
-    munmap(memory, size);
-    return understood;
+    conf = read;
+    return true;
 }

@@ -1,9 +1,8 @@
 #!/bin/bash
-# What bash offers behind textcfg and textcfg-store.
+# What bash offers after textcfg and textcfg-store.
 . "$(dirname -- "${BASH_SOURCE[0]}")/common.sh"
 
-scratch=$(mktemp -d) || exit 1
-trap 'rm -rf "$scratch"' EXIT
+make_scratch
 cd "$scratch" || exit 1
 mkdir here here/folder && cd here || exit 1
 touch file.txt "with a blank.txt" -- -f.txt
@@ -34,20 +33,61 @@ expect() {
     [[ $offered == "$(printf '%s\n' "$@" | sort)" ]] || found "${words[*]}: offered are $offered; expected: $*"
 }
 
-mapfile -t verbs < <(sed -n 's/^ *{"\([a-z_]*\)", MAPI_CONFIG_.*/\1/p' "$root/app/run.cpp")
-((${#verbs[@]} == 16)) || give_up "${#verbs[@]} verbs in app/run.cpp"
+mapfile -t verbs < <(verbs_of_program)
+((${#verbs[@]} == 16)) || give_up "${#verbs[@]} verbs in app/verbs.h"
 expect textcfg "" : "${verbs[@]}"
 expect textcfg running_config_d : running_config_delta running_config_delta_page
-expect textcfg running_config "" : "${verbs[@]}"
 expect textcfg - : -f -F
+expect textcfg nothing_like_it : ""
+# After a verb an option and no second verb, after an option with its file a verb and no second option.
+expect textcfg running_config "" : -f
+expect textcfg running_config s : ""
+expect textcfg running_config - : -f -F
 expect textcfg running_config -f : -f
-expect textcfg -f "" : -f.txt file.txt folder "with a blank.txt"
-expect textcfg running_config -F f : file.txt folder
-expect textcfg -f -f : -f.txt
 expect textcfg -f -f st : startup_config startup_config_delta startup_config_page startup_config_delta_page
 expect textcfg -f file.txt def : default_config default_config_delta default_config_page default_config_delta_page
-expect textcfg nothing_like_it : ""
-expect textcfg-store "" : folder
-expect textcfg-store - : --help
+expect textcfg -f file.txt "" : "${verbs[@]}"
+expect textcfg -f file.txt - : ""
+# After three words nothing.
+expect textcfg running_config -f file.txt "" : ""
+expect textcfg running_config -f file.txt - : ""
+expect textcfg -f file.txt running_config "" : ""
+expect textcfg -f file.txt -f "" : ""
+expect textcfg-store - : -h --help --version
 expect textcfg-store folder "" : ""
+
+# Files and folders are bash's own, so the key is pressed in an interactive shell.
+command -v python3 >/dev/null || give_up "there is no python3"
+# tab LINE EXPECTED…: pairs of a line and what the tab key makes of it.
+tab() {
+    local lines=() expected=() i
+    while (($#)); do
+        lines+=("$1")
+        expected+=("$2")
+        shift 2
+    done
+    mapfile -t made < <(HOME=$scratch/here "$root/tests/checks/press_tab.py" \
+        ". '$root/completions/textcfg.bash'; . '$root/completions/textcfg-store.bash'; D=folder" "${lines[@]}")
+    for i in "${!lines[@]}"; do
+        [[ ${made[i]-} == "${expected[i]}" ]] || found "${lines[i]}<TAB>: expected ${expected[i]}; found: ${made[i]-}"
+    done
+}
+touch folder/inside.txt
+mkdir folder/deeper
+# shellcheck disable=SC2016,SC2088 # the shell that is tested expands them
+tab 'textcfg running_config -f fi' 'textcfg running_config -f file.txt ' \
+    'textcfg running_config -F fo' 'textcfg running_config -F folder/' \
+    'textcfg -f wi' 'textcfg -f with\ a\ blank.txt ' \
+    'textcfg -f -f' 'textcfg -f -f.txt ' \
+    'textcfg -f ~/fi' 'textcfg -f ~/file.txt ' \
+    'textcfg -f $D/in' 'textcfg -f $D/inside.txt ' \
+    'textcfg -f $HOME/fi' 'textcfg -f $HOME/file.txt ' \
+    'textcfg running_config fi' 'textcfg running_config fi' \
+    'textcfg running_config -f x fi' 'textcfg running_config -f x fi' \
+    'textcfg startup_config_delta_' 'textcfg startup_config_delta_page ' \
+    'textcfg-store f' 'textcfg-store folder/' \
+    'textcfg-store ~/fo' 'textcfg-store ~/folder/' \
+    'textcfg-store $D/' 'textcfg-store $D/deeper/' \
+    'textcfg-store folder f' 'textcfg-store folder f' \
+    'textcfg-store --h' 'textcfg-store --help '
 conclude

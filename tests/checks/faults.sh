@@ -5,22 +5,21 @@
 #     faults.sh [EMULATOR] PROGRAM
 . "$(dirname -- "${BASH_SOURCE[0]}")/common.sh"
 
-scratch=$(mktemp -d) || exit 1
-trap 'rm -rf "$scratch"' EXIT
-cd "$scratch" || exit 1
-unset TEXTCFG_STORE
-
 # Root may read and write what nobody may, so root lets somebody else run the program, from where he can reach it.
-command=("${@:1:$#-1}" "$scratch/textcfg")
-cp -- "${!#}" textcfg || give_up "no program"
 if (($(id -u) == 0)); then
     command -v setpriv >/dev/null || give_up "there is no setpriv to run the program without root's rights"
-    command=(setpriv --reuid=65534 --regid=65534 --clear-groups -- "${command[@]}")
-    chmod 755 . textcfg
+    as_somebody=(setpriv --reuid=65534 --regid=65534 --clear-groups --)
 fi
+make_scratch
+cd "$scratch" || exit 1
+unset TEXTCFG_STORE
+command=("${as_somebody[@]}" "${@:1:$#-1}" "$scratch/textcfg")
+cp -- "${!#}" textcfg || give_up "no program"
+chmod 755 textcfg
 mkdir store out
 chmod 777 out
 export TEXTCFG_STORE=$scratch/store
+about="textcfg: TEXTCFG_STORE=$TEXTCFG_STORE: "
 
 image=262144 board=244
 good_store() {
@@ -104,12 +103,12 @@ for file in {running,startup,customer_default,default,board}.img; do
         folder) rm "$path" && mkdir "$path" && what="found a folder" ;;
         unreadable) chmod 000 "$path" && what="Permission denied" ;;
         pipe) rm "$path" && mkfifo "$path" && chmod 666 "$path" && what="found something that is not a regular file" ;;
-        dangling) rm "$path" && ln -s missing "$path" && what="No such file or directory" ;;
+        dangling) rm "$path" && ln -s missing "$path" && what="found a link that leads nowhere" ;;
         esac || give_up "$file could not be made: $kind"
         fault="$file $kind"
         for verb in "${verbs[@]}"; do
             if [[ " $(needed_by "$file") " == *" $verb "* ]]; then
-                refused "$verb" "store file $TEXTCFG_STORE/$file: $what; expected $size bytes"
+                refused "$verb" "$about$file: $what; expected $size bytes"
             else
                 rendered "$verb"
             fi
@@ -121,12 +120,20 @@ done
 good_store
 fault="no platform.conf"
 rendered running_config
-for kind in folder unreadable unknown number encryption; do
+printf '\xef\xbb\xbf# by an editor\r\nactive_bank = 1\r\npassword_encryption\t= none\r\n' >store/platform.conf
+fault="platform.conf of an editor"
+rendered running_config
+for kind in folder unreadable dangling long unknown number encryption; do
     good_store
-    path=store/platform.conf message="store file $TEXTCFG_STORE/platform.conf"
+    path=store/platform.conf message=${about}platform.conf
     case $kind in
     folder) mkdir $path && message+=": found a folder; expected lines of settings" ;;
     unreadable) : >$path && chmod 000 $path && message+=": Permission denied; expected lines of settings" ;;
+    dangling) ln -s missing $path && message+=": found a link that leads nowhere; expected lines of settings" ;;
+    long)
+        truncate -s 65537 $path
+        message+=": found 65537 bytes; expected lines of settings, at most 65536 bytes"
+        ;;
     unknown)
         printf '\nbank=1\n' >$path
         message+=", line 2: found \"bank=1\"; expected active_bank=N or password_encryption=none or password_encryption=md5"
@@ -149,10 +156,25 @@ done
 good_store
 export TEXTCFG_STORE=$scratch/nowhere
 fault="no store"
-refused running_config "store $TEXTCFG_STORE: No such file or directory; expected a folder"
+refused running_config "textcfg: TEXTCFG_STORE=$TEXTCFG_STORE: No such file or directory; expected a folder"
 export TEXTCFG_STORE=$scratch/textcfg
 fault="a store that is a file"
-refused running_config "store $TEXTCFG_STORE: Not a directory; expected a folder"
+refused running_config "textcfg: TEXTCFG_STORE=$TEXTCFG_STORE: Not a directory; expected a folder"
+export TEXTCFG_STORE=$'no\e[31mwhere\n'
+fault="a store whose name has control characters"
+refused running_config "textcfg: TEXTCFG_STORE=no\\x1b[31mwhere\\x0a: No such file or directory; expected a folder"
+
+# ---- No store: the built-in one is rendered, and nobody takes it for a store of theirs.
+case="no store named"
+unset TEXTCFG_STORE
+run 0 "textcfg: TEXTCFG_STORE is not set: this is the built-in example" running_config -f out/text
+mv -f out/text built_in
+case="a store without a name"
+export TEXTCFG_STORE=
+run 0 "textcfg: TEXTCFG_STORE is empty: this is the built-in example" running_config -f out/text
+cmp -s out/text built_in || found "$case: another text"
+[[ -s built_in ]] || found "no text of the built-in store"
+rm -f out/text
 export TEXTCFG_STORE=$scratch/store
 
 # ---- The output. Where only that fails, the run does not.
@@ -208,6 +230,21 @@ for blocks in 0 1 $((size / 1024)) $((size / 1024 + 1)); do
         rm -f out/text
     done
 done
+
+# The same limit without the signal ignored ends the program, and what it allows stays.
+case="limit on the size of files"
+status=0
+{
+    (
+        ulimit -c 0
+        ulimit -f 1
+        exec "${command[@]}" running_config -f out/text
+    ) </dev/null || status=$?
+} 2>/dev/null
+((status == 153)) || found "$case: status $status, not 153"
+only text
+cmp -s out/text <(head -c 1024 good_running_config) || found "$case: $(stat -c %s out/text) bytes stayed, not 1024"
+rm -f out/text
 
 # ---- A text that is too long, over a file and without one.
 good_store

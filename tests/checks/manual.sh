@@ -1,22 +1,22 @@
 #!/bin/bash
-# The manual pages are in order, and tell of every verb, message and exit status that the programs have, and of none
-# that they do not have.
+# The manual pages are in order and describe every verb, message and exit status of the programs, and none that they do
+# not have; messages appear as users see them. The examples run as written.
 . "$(dirname -- "${BASH_SOURCE[0]}")/common.sh"
 cd "$root" || exit 1
 
-pages=(docs/textcfg.1 docs/textcfg-store.1)
+pages=(docs/*.[1-8])
 for page in "${pages[@]}"; do
     warnings=$(mandoc -T lint -W warning "$page" 2>&1) || found "$page: $warnings"
+    if grep -nE '%[a-z]|%l?l?[du]' "$page"; then found "$page shows a format of C"; fi
 done
 
-scratch=$(mktemp -d) || exit 1
-trap 'rm -rf "$scratch"' EXIT
+make_scratch
 
 # The text of a page on one line, whatever stood in bold.
 text_of() { mandoc -T ascii -O width=1000 "$1" | sed 's/.\x08//g' | tr -s ' \t\n' ' '; }
 
-# The messages of sources, a line each: what stands between quotes and is more than a word. Of a text of several lines
-# that tells how a program is called, the first one.
+# The messages of sources, a line each: what is between quotes and is more than a word. Of a text of several lines
+# that says how a program is called, the first one.
 messages_of() {
     # shellcheck disable=SC2016 # Perl's
     perl -0777 -ne '
@@ -31,38 +31,43 @@ messages_of() {
             }
         }' "$@" | sort -u
 }
-# holds PAGE SOURCE…: every message of the sources stands in the page.
+# as_pattern: the messages that it reads, as regular expressions for what users see.
+as_pattern() {
+    # shellcheck disable=SC2016 # Perl's
+    perl -ne 'chomp; s/([^\w\s%])/\\$1/g; s/%s/.+?/g; s/%(?:l*|z)[du]/-?\\d+/g; print "$_\n"'
+}
+# holds PAGE SOURCE…: every message of the sources is in the page, as users see it.
 holds() {
-    local page=$1 text message source
+    local page=$1 text message
     shift
     text=$(text_of "$page")
-    for source in "$@"; do
-        messages_of "$source" >"$scratch/some"
-        [[ -s $scratch/some ]] || give_up "no message in $source"
-        while IFS= read -r message; do
-            [[ $text == *"$message"* ]] || found "$page does not tell of the message of $source: $message"
-        done <"$scratch/some"
-    done
-    # What the page quotes as a message is one.
-    messages_of "$@" >"$scratch/all"
+    messages_of "$@" | as_pattern >"$scratch/patterns"
+    for source in "$@"; do [[ -n $(messages_of "$source") ]] || give_up "no message in $source"; done
     while IFS= read -r message; do
-        grep -qxF -e "$message" "$scratch/all" || found "$page tells of a message that is not there: $message"
+        # What is composed of nothing but other parts would be found anywhere.
+        grep -qP -e "$message" <<<"$text" || found "$page does not describe the message $message"
+    done <"$scratch/patterns"
+    # What the page shows as a message is one. A message that is composed of others is known by what it ends with.
+    grep -vP '^\S*\.\+\?(\\: \S*\.\+\?)*$' "$scratch/patterns" >"$scratch/whole"
+    while IFS= read -r message; do
+        MESSAGE=$message perl -ne 'chomp; $known = 1 if $ENV{MESSAGE} =~ /^(?:.*: )?$_$/; END { exit !$known }' \
+            "$scratch/whole" || found "$page describes a message that does not exist: $message"
     done < <(sed -n '/^\.Sh DIAGNOSTICS/,/^\.Sh SEE/ { s/""/\x01/g; s/^\.\(It\|Dq\|It Dq\) "\([^"]*\)".*/\2/p }' "$page" |
         tr '\1' '"' | grep ' ')
 }
 holds docs/textcfg.1 app/run.cpp platform/host/mapi.cpp platform/host/store.cpp
 holds docs/textcfg-store.1 platform/host/store_export.cpp
 
-# told PAGE MACRO WORD…: the words are the items of that kind in the page, and no others.
-told() {
+# items_are PAGE MACRO WORD…: the words are the items of that kind in the page, and no others.
+items_are() {
     local page=$1 macro=$2 difference
     shift 2
     (($#)) || give_up "nothing to look for in $page"
     difference=$(diff <(printf '%s\n' "$@" | sort -u) <(sed -n "s/^\\.It $macro//p" "$page" | sort -u)) ||
         found "$page, items $macro: $difference"
 }
-mapfile -t verbs < <(sed -n 's/^ *{"\([a-z_]*\)", MAPI_CONFIG_.*/\1/p' app/run.cpp)
-told docs/textcfg.1 'Cm ' "${verbs[@]}"
+mapfile -t verbs < <(verbs_of_program)
+items_are docs/textcfg.1 'Cm ' "${verbs[@]}"
 
 # statuses_of SOURCE FUNCTION…: the numbers that the functions return, as a shell sees them.
 statuses_of() {
@@ -80,4 +85,25 @@ status() {
 }
 status docs/textcfg.1 app/run.cpp textcfgMain renderToFile
 status docs/textcfg-store.1 platform/host/store_export.cpp storeExportMain
+# The examples, one after the other, with the programs of the build tree.
+"$root/script/build" release -DCMAKE_BUILD_TYPE=Release >"$scratch/log" 2>&1 </dev/null ||
+    give_up "no program: $(cat "$scratch/log")"
+export PATH=$root/build/release:$root/build/release/platform/host:$PATH
+unset TEXTCFG_STORE
+for page in "${pages[@]}"; do
+    examples=0
+    mkdir "$scratch/${page##*/}"
+    while IFS= read -r command; do
+        examples=$((examples + 1))
+        expected=0
+        [[ $command != "diff texts/startup.txt "* ]] || expected=1 # as the page says
+        status=0
+        output=$(cd "$scratch/${page##*/}" && bash -c "$command" 2>&1 </dev/null) || status=$?
+        ((status == expected)) || found "$page: $command: status $status: $output"
+    done < <(sed -n 's/^\.Dl \$ //p' "$page")
+    ((examples)) || found "$page has no example that could run"
+    for text in "$scratch/${page##*/}"/texts/*.txt; do
+        [[ -s $text ]] || found "$page: the examples wrote no ${text##*/}"
+    done
+done
 conclude

@@ -3,8 +3,7 @@
 . "$(dirname -- "${BASH_SOURCE[0]}")/common.sh"
 command -v python3 >/dev/null || give_up "there is no python3"
 
-scratch=$(mktemp -d) || exit 1
-trap 'rm -rf "$scratch"' EXIT
+make_scratch
 tree=$scratch/tree
 mkdir -p "$tree"/{sections,platform,tests/mutate} || exit 1
 cat >"$tree/CMakeLists.txt" <<'END'

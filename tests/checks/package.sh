@@ -3,23 +3,27 @@
 # script/test-package does more: it installs the package on a system of its own.
 . "$(dirname -- "${BASH_SOURCE[0]}")/common.sh"
 
-scratch=$(mktemp -d) || exit 1
-trap 'rm -rf "$scratch"' EXIT
+make_scratch
 unset TEXTCFG_STORE
 
+# The list of what the user installed from the tree stays as it is.
+list=$root/build/release/installed.txt
+listed=$(cat "$list" 2>/dev/null)
 log=$("$root/script/build" release -DCMAKE_BUILD_TYPE=Release 2>&1 </dev/null &&
     cd "$root/build/release" && umask 022 && cpack -B "$scratch/package" 2>&1) || give_up "no package: $log"
 package=$(echo "$scratch"/package/*.deb)
 [[ -f $package ]] || give_up "no package: $log"
+[[ $(cat "$list" 2>/dev/null) == "$listed" ]] || found "the package changed the list of what is installed"
 
 # Messages below warnings concern the compiler's options.
 complaints=$(lintian --allow-root --fail-on error,warning --tag-display-limit 0 "$package" 2>&1) ||
     found "lintian: $complaints"
 
-# Where everything stands.
+# Where everything is.
 dpkg-deb -x "$package" "$scratch/root" || give_up "the package cannot be unpacked"
 cd "$scratch/root" || exit 1
 for file in usr/bin/textcfg usr/bin/textcfg-store usr/share/man/man1/textcfg.1.gz usr/share/man/man1/textcfg-store.1.gz \
+    usr/share/man/man5/textcfg.5.gz usr/share/doc/textcfg/docs/recipes.md usr/share/doc/textcfg/docs/image.md \
     usr/include/textcfg/platform/mapi.h usr/include/textcfg/platform/util.h usr/share/doc/textcfg/README.md \
     usr/share/doc/textcfg/docs/text.md usr/share/doc/textcfg/copyright usr/share/doc/textcfg/changelog.gz \
     usr/share/doc/textcfg/changelog.Debian.gz usr/share/bash-completion/completions/textcfg \
@@ -48,9 +52,10 @@ newest=$(grep -m 1 '^## ' "$root/CHANGELOG.md")
 date=$(sed -n 's/.*(\(.*\))$/\1/p' <<<"$newest")
 same CHANGELOG.md "$newest" "## $version ($date)"
 same "the package" "$(dpkg-deb -f "$package" Version)" "$version-1"
+same textcfg-store "$(usr/bin/textcfg-store --version)" "textcfg-store $version"
 same packaging/changelog "$(dpkg-parsechangelog -l "$root/packaging/changelog" -S Version)" "$version-1"
 same packaging/changelog "$(LC_ALL=C date -u -d "$(dpkg-parsechangelog -l "$root/packaging/changelog" -S Date)" +%F)" "$date"
-for page in "$root"/docs/*.1; do
+for page in "$root"/docs/*.[1-8]; do
     same "${page##*/}" "$(sed -n 's/^\.Os //p' "$page")" "textcfg $version"
     same "${page##*/}" "$(LC_ALL=C date -u -d "$(sed -n 's/^\.Dd //p' "$page")" +%F)" "$date"
 done

@@ -3,33 +3,42 @@
 . "$(dirname -- "${BASH_SOURCE[0]}")/common.sh"
 cd "$root" || exit 1
 
-scratch=$(mktemp -d) || exit 1
-trap 'rm -rf "$scratch"' EXIT
+make_scratch
 unset TEXTCFG_STORE
 
-# The commands, with folders of this check in place of those that they name.
+# The commands, with this check's home folder, an installation folder of its own in place of /usr/local, and a list of
+# installed files that is not the user's.
+"$root/script/build" release -DCMAKE_BUILD_TYPE=Release >"$scratch/log" 2>&1 </dev/null ||
+    give_up "no program: $(cat "$scratch/log")"
+mkdir "$scratch/tree"
+cp "$root/build/release/cmake_install.cmake" "$scratch/tree/"
 commands=0
 while IFS= read -r command; do
     commands=$((commands + 1))
     case $command in
-    *script/test*) [[ -x $command ]] || found "there is no $command" ;; # the one runs this, the other takes long
+    script/test*) [[ -x ${command%% *} ]] || found "there is no $command" ;; # the one runs this, the others take long
     *)
-        here=${command//\/tmp/$scratch}
-        log=$(bash -c "${here//\/usr\/local/$scratch}" 2>&1 </dev/null) || found "$command: status $?: $log"
+        here=${command//\/usr\/local/$scratch/installed}
+        here=${here/--install build\/release/--install $scratch/tree}
+        [[ $command != script/uninstall ]] || here+=" $scratch/tree"
+        log=$(HOME=$scratch/user bash -c "$here" 2>&1 </dev/null) || found "$command: status $?: $log"
+        [[ $command != "cmake --install"* || -x $scratch/installed/bin/textcfg ]] || found "$command installed nothing"
         ;;
     esac
 done < <(sed -n 's/ *#.*//; s/^    \([a-zA-Z].*\)/\1/p' README.md)
-((commands == 6)) || found "$commands commands, where 6 were expected"
-for file in run.txt changes.txt bin/textcfg share/man/man1/textcfg.1; do
-    [[ -s $scratch/$file ]] || found "the commands made no $file"
+((commands == 9)) || found "$commands commands, where 9 were expected"
+for file in run.txt changes.txt store/running.img; do
+    [[ -s $scratch/user/textcfg/$file ]] || found "the commands made no $file"
 done
-cmp -s "$scratch/run.txt" "$scratch/changes.txt" && found "both modes wrote the same"
+[[ $(stat -c %a "$scratch/user/textcfg") == 700 ]] || found "others can read the texts of the commands"
+[[ -z $(ls -A "$scratch/installed" 2>/dev/null) ]] || found "script/uninstall left $(find "$scratch/installed")"
+cmp -s "$scratch/user/textcfg/run.txt" "$scratch/user/textcfg/changes.txt" && found "both modes wrote the same"
 
-# The excerpt: parts of the text, in its order, "..." standing for what was left out.
+# The excerpt: parts of the text, in its order, with "..." for what was left out.
 # shellcheck disable=SC2016 # Markdown's
 excerpt=$(sed -n '/^```$/,/^```$/ { /^```$/d; p }' README.md)
 [[ $excerpt == "# VERSION"* ]] || give_up "README.md shows no text"
-rest=$'\n'$(<"$scratch/run.txt")$'\n'
+rest=$'\n'$(<"$scratch/user/textcfg/run.txt")$'\n'
 while IFS= read -r -d $'\x01' part; do
     if [[ $rest == *$'\n'"$part"$'\n'* ]]; then
         rest=$'\n'${rest#*$'\n'"$part"}
@@ -41,7 +50,21 @@ done < <(sed ':a; N; $!ba; s/\n\.\.\.\n/\x01/g; s/$/\x01/' <<<"$excerpt")
 # The table of the verbs.
 while IFS= read -r verb; do
     grep -qF "\`$verb\`" README.md || found "README.md does not name $verb"
-done < <(sed -n 's/^ *{"\([a-z_]*\)", MAPI_CONFIG_.*/\1/p' app/run.cpp)
+done < <(verbs_of_program)
+
+# The terms are the same everywhere, and can be found.
+terms=$(sed -n '/^License:/,$ { /^License:/d; s/^ //p }' packaging/copyright)
+[[ $terms == "All rights reserved."* ]] || give_up "packaging/copyright has no terms"
+[[ $(sed '1,2d' LICENSE) == "$terms" ]] || found "LICENSE has other terms than packaging/copyright"
+grep -qF '[LICENSE](LICENSE)' README.md || found "README.md does not mention LICENSE"
+grep -qF '[copyright](copyright)' packaging/README.md || found "the installed README.md does not mention its terms"
+for file in README.md packaging/README.md; do
+    grep -qx '## Bugs' "$file" || found "$file does not say where to report a bug"
+    [[ $(grep -m 2 '^## ' "$file" | head -n 1) == "## Traps" ]] || found "$file does not begin with the traps"
+done
+# What both say is the same.
+verbs_of() { sed -n '/^## Verbs$/,/^## /p' "$1" | grep '^|'; }
+[[ $(verbs_of README.md) == "$(verbs_of packaging/README.md)" ]] || found "the READMEs differ in their verbs"
 
 # The links, in all documents.
 files_like 'README.md' 'CHANGELOG.md' 'docs/*.md'

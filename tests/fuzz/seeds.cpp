@@ -246,6 +246,8 @@ void writeStores() {
     conf("blank_in_front", " active_bank=1\n");
     conf("control_characters", Bytes("a\0\x01\x1b[2J\r\xff%s%n", 13));
     conf("long_line", std::string(100, 'x'));
+    conf("of_an_editor", "\xef\xbb\xbf# settings\r\n\r\npassword_encryption = md5\r\nactive_bank\t=\t2\r\n");
+    conf("carriage_returns_alone", "active_bank=1\rpassword_encryption=md5\r\r\n");
     write("store", "running_long_by_much", Bytes{0, 2, 19} + "contents");
     write("store", "board_short_by_much", Bytes{4, 1, 19} + "contents");
     write("store", "board_contents", Bytes{4, 0, 0} + std::string(300, '\xff'));
