@@ -7,7 +7,7 @@ scratch=$(mktemp -d) || exit 1
 trap 'rm -rf "$scratch"' EXIT
 unset TEXTCFG_STORE
 
-log=$("$root/script/build" release -DCMAKE_BUILD_TYPE=Release 2>&1 </dev/null &&
+log=$("$root/script/build" release 2>&1 </dev/null &&
     cd "$root/build/release" && umask 022 && cpack -B "$scratch/package" 2>&1) || give_up "no package: $log"
 package=$(echo "$scratch"/package/*.deb)
 [[ -f $package ]] || give_up "no package: $log"
