@@ -10,6 +10,9 @@ configure_file(${CMAKE_CURRENT_LIST_DIR}/copyright ${documents}/copyright COPYON
 file(CHMOD ${documents}/copyright ${documents}/changelog.gz ${documents}/changelog.Debian.gz
   PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 
+file(GLOB programs ${CPACK_TEMPORARY_DIRECTORY}/usr/bin/*)
+execute_process(COMMAND strip --remove-section=.comment ${programs} COMMAND_ERROR_IS_FATAL ANY)
+
 # The package is not on its way into Debian, where its first upload would close a wish for it.
 set(overrides ${CPACK_TEMPORARY_DIRECTORY}/usr/share/lintian/overrides)
 file(WRITE ${overrides}/textcfg "textcfg: initial-upload-closes-no-bugs *\n")
