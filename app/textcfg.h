@@ -12,8 +12,8 @@
  * All buffers are static: the two images, the board record, the text and a line. So there is one rendering at a time in
  * a process; the caller keeps a second one out, with a lock of his own, until he has done with the text. The caller
  * also clears. The drivers clear the text themselves, except that one that cannot open its transaction for the first
- * line goes on behind the text that is there. The images and the record stay as they are until the caller fills them
- * again, and no driver changes them.
+ * line goes on after the text that is there. The images and the record stay as they are until the caller fills them
+ * again, but for the users of the current image: a driver puts the MD5 form of a password into its field.
  *
  * Nothing here takes memory from the heap, throws or ends the process. The drivers call the platform
  * (platform/mapi.h, platform/util.h).
