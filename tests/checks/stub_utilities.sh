@@ -1,7 +1,8 @@
 #!/bin/bash
-# The stub's utility operations write the same texts as those of the workstation, over the built-in store.
+# The stub's utility operations write the same texts as those of the workstation, over the built-in store
+# and for many sets of ports and addresses.
 #
-#     stub_utilities.sh PROGRAM PROGRAM_WITH_THE_STUB
+#     stub_utilities.sh PROGRAM PROGRAM_WITH_THE_STUB LISTS LISTS_OF_THE_STUB
 . "$(dirname -- "${BASH_SOURCE[0]}")/common.sh"
 
 scratch=$(mktemp -d) || exit 1
@@ -21,4 +22,9 @@ done
 for kind in '[a-z] [0-9]*,[0-9]' '[0-9]-[0-9]' '[0-9a-f]::[0-9a-f]' '[0-9]\.[0-9]*\.[0-9]*\.[0-9]'; do
     grep -q "$kind" "$scratch/stub" || found "no line holds $kind"
 done
+"$3" >"$scratch/host" || found "the lists: status $?"
+"$4" >"$scratch/stub" || found "the lists of the stub: status $?"
+grep -qx 1,2,4-7 "$scratch/host" || found "the lists lack 1,2,4-7"
+difference=$(diff "$scratch/host" "$scratch/stub" | head -n 4)
+[[ ! $difference ]] || found "the stub writes other lists: $difference"
 conclude
