@@ -4,9 +4,14 @@
 /// from the image behind `gDefConfig`. None fails; whether the text fits is asked of the text buffer.
 #pragma once
 
+// Those who link the library call them from C.
+extern "C" {
+#pragma GCC visibility push(default)
 void convConfig();          ///< full mode, header of the running and startup configuration
 void convDefConfig();       ///< full mode, header of the default and customer default configuration
 void convHtmlConfig();      ///< full mode, as a page: no version line
 void convDeltaConfig();     ///< delta mode, header of the running and startup configuration
 void convDeltaDefConfig();  ///< delta mode, header of the default and customer default configuration
 void convDeltaHtmlConfig(); ///< delta mode, as a page: no version line
+#pragma GCC visibility pop
+}

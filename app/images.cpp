@@ -15,3 +15,6 @@ alignas(recordAlignment) ConfigImage defaultImage;
 ConfigImage *const gSysConfig = &currentImage;
 ConfigImage *const gDefConfig = &defaultImage;
 alignas(recordAlignment) BoardRecord g_EEPROM;
+
+static_assert(__alignof__(currentImage) >= recordAlignment && __alignof__(defaultImage) >= recordAlignment &&
+              __alignof__(g_EEPROM) >= recordAlignment && recordAlignment % alignof(std::uint32_t) == 0);

@@ -9,6 +9,9 @@ execute_process(COMMAND gzip -9n ${pages} ${documents}/changelog ${documents}/ch
 file(CHMOD ${documents}/changelog.gz ${documents}/changelog.Debian.gz
   PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 
+file(GLOB programs ${CPACK_TEMPORARY_DIRECTORY}/usr/bin/*)
+execute_process(COMMAND strip --remove-section=.comment ${programs} COMMAND_ERROR_IS_FATAL ANY)
+
 # The package is not on its way into Debian, where its first upload would close a wish for it.
 set(overrides ${CPACK_TEMPORARY_DIRECTORY}/usr/share/lintian/overrides)
 file(WRITE ${overrides}/textcfg "textcfg: initial-upload-closes-no-bugs *\n")

@@ -40,6 +40,8 @@ if(NOT TEXTCFG_PLATFORM_LIBRARY)
   textcfg_install(workstation ${CMAKE_INSTALL_MANDIR}/man1 FILES docs/textcfg-store.1)
   textcfg_install(workstation ${textcfg_completions} FILES completions/textcfg-store.bash RENAME textcfg-store)
 endif()
+textcfg_install(library ${CMAKE_INSTALL_LIBDIR} TARGETS textcfg_library)
+textcfg_install(library ${CMAKE_INSTALL_INCLUDEDIR}/textcfg FILES app/textcfg.h)
 # What a platform's library has to offer.
 textcfg_install(library ${CMAKE_INSTALL_INCLUDEDIR}/textcfg/platform FILES platform/mapi.h platform/util.h)
 

@@ -35,8 +35,9 @@ void utilBitmapSetAll(void *bitmap, int count);
 void utilBitmapNand(void *bitmap, const void *source, int count);
 
 /**
- * Writes the ports of `bitmap` as a list such as 1-3,5,7-28 to `text` (UTIL_PORT_LIST_SIZE bytes): an empty text for an
- * empty set. Bits from `portCount` on do not count. Called with 28 and 28.
+ * Writes the ports of `bitmap` as a list such as 1-3,5,6,8-28 to `text` (UTIL_PORT_LIST_SIZE bytes). Three neighbours
+ * or more form a run, two are listed; an empty set is an empty text. Bits from `portCount` on do not count. Called with
+ * 28 and 28.
  */
 void utilPortBitmap2str(char *text, const void *bitmap, int portCount, int maximumPort);
 

@@ -2,7 +2,8 @@
 
 #include <cstdio>
 
-std::int32_t gCfgDebug;
+// Without the attribute, optimising across files finds nobody who sets it and leaves the trace out.
+[[gnu::used]] std::int32_t gCfgDebug;
 
 int trace(const char *emitter) {
     if (gCfgDebug != 0) {

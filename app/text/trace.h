@@ -4,8 +4,8 @@
 #include <cstdint>
 
 /// Non-zero makes the emitters print their names on standard output, but for a few in full mode. Nothing in the program
-/// sets it.
-extern std::int32_t gCfgDebug;
+/// sets it: a debugger, a preloaded object or the platform's library does, so the name is exported.
+extern "C" [[gnu::visibility("default")]] std::int32_t gCfgDebug;
 
 /// Prints "[", the name of the calling emitter and "]" on a line of standard output when `gCfgDebug` is set. Returns 0,
 /// as emitters do.

@@ -4,25 +4,18 @@
 #
 # The memory that it takes is measured here, on the workstation's program, against an empty C program.
 #
-#     footprint.sh SCRATCH_TREE C_COMPILER TEXTCFG
+#     footprint.sh SCRATCH_TREE C_COMPILER TEXTCFG SWITCH_TREE      SWITCH_TREE is what switch.sh left for this target
 . "$(dirname -- "${BASH_SOURCE[0]}")/common.sh"
 
 readonly text_budget=$((96 * 1024)) bss_budget=$((820 * 1024)) peak_budget=2048
 
-scratch=$1 cc=$2 program=$3
+scratch=$1 cc=$2 program=$3 switch=$4
 mkdir -p "$scratch" && cd "$scratch" || exit 1
-rm -f libstub.a
-if ! mips-linux-gnu-gcc -std=c11 -Os -fno-pie -mno-shared -mplt -I"$root" -c "$root/tests/firmware_stub/stub.c" -o stub.o ||
-    ! mips-linux-gnu-ar rc libstub.a stub.o; then
-    give_up "the library could not be built"
-fi
-log=$(cmake -S "$root" -B tool -G Ninja --toolchain "$root/cmake/mips-linux-gnu.cmake" -DCMAKE_BUILD_TYPE=Release \
-    -DTEXTCFG_LTO=ON -DTEXTCFG_PLATFORM_LIBRARY="$scratch/libstub.a" 2>&1 && cmake --build tool 2>&1) || give_up "$log"
-mips-linux-gnu-strip -o stripped tool/textcfg || give_up "the program could not be stripped"
+mips-linux-gnu-strip -o stripped "$switch/tool/textcfg" || give_up "the program could not be stripped"
 
 # Text includes read-only data.
 read -r text _ bss _ < <(mips-linux-gnu-size stripped | tail -n 1)
-read -r stub_text _ < <(mips-linux-gnu-size stub.o | tail -n 1)
+read -r stub_text _ < <(mips-linux-gnu-size "$switch/stub.o" | tail -n 1)
 echo "text and read-only data $((text - stub_text)) of $text_budget bytes, bss $bss of $bss_budget bytes"
 ((text - stub_text <= text_budget)) || found "text and read-only data take $((text - stub_text)) bytes"
 ((bss <= bss_budget)) || found "bss takes $bss bytes"

@@ -5,7 +5,7 @@
 
 make_scratch
 
-"$root/script/build" release -DCMAKE_BUILD_TYPE=Release >"$scratch/log" 2>&1 </dev/null ||
+"$root/script/build" release >"$scratch/log" 2>&1 </dev/null ||
     give_up "no program: $(cat "$scratch/log")"
 # From a tree of its own, whose list of installed files is not the user's.
 mkdir "$scratch/tree"

@@ -86,7 +86,7 @@ status() {
 status docs/textcfg.1 app/run.cpp textcfgMain renderToFile
 status docs/textcfg-store.1 platform/host/store_export.cpp storeExportMain
 # The examples, one after the other, with the programs of the build tree.
-"$root/script/build" release -DCMAKE_BUILD_TYPE=Release >"$scratch/log" 2>&1 </dev/null ||
+"$root/script/build" release >"$scratch/log" 2>&1 </dev/null ||
     give_up "no program: $(cat "$scratch/log")"
 export PATH=$root/build/release:$root/build/release/platform/host:$PATH
 unset TEXTCFG_STORE

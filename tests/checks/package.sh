@@ -9,22 +9,22 @@ unset TEXTCFG_STORE
 # The list of what the user installed from the tree stays as it is.
 list=$root/build/release/installed.txt
 listed=$(cat "$list" 2>/dev/null)
-log=$("$root/script/build" release -DCMAKE_BUILD_TYPE=Release 2>&1 </dev/null &&
+log=$("$root/script/build" release 2>&1 </dev/null &&
     cd "$root/build/release" && umask 022 && cpack -B "$scratch/package" 2>&1) || give_up "no package: $log"
 package=$(echo "$scratch"/package/*.deb)
 [[ -f $package ]] || give_up "no package: $log"
 [[ $(cat "$list" 2>/dev/null) == "$listed" ]] || found "the package changed the list of what is installed"
 
-# Messages below warnings concern the compiler's options.
-complaints=$(lintian --allow-root --fail-on error,warning --tag-display-limit 0 "$package" 2>&1) ||
-    found "lintian: $complaints"
+complaints=$(lintian --allow-root --display-info --tag-display-limit 0 "$package" 2>&1) || found "lintian failed"
+[[ ! $complaints ]] || found "lintian: $complaints"
 
 # Where everything is.
 dpkg-deb -x "$package" "$scratch/root" || give_up "the package cannot be unpacked"
 cd "$scratch/root" || exit 1
 for file in usr/bin/textcfg usr/bin/textcfg-store usr/share/man/man1/textcfg.1.gz usr/share/man/man1/textcfg-store.1.gz \
     usr/share/man/man5/textcfg.5.gz usr/share/doc/textcfg/docs/recipes.md usr/share/doc/textcfg/docs/image.md \
-    usr/include/textcfg/platform/mapi.h usr/include/textcfg/platform/util.h usr/share/doc/textcfg/README.md \
+    usr/include/textcfg/textcfg.h usr/include/textcfg/platform/mapi.h usr/include/textcfg/platform/util.h \
+    usr/lib/libtextcfg.a usr/share/doc/textcfg/README.md \
     usr/share/doc/textcfg/docs/text.md usr/share/doc/textcfg/copyright usr/share/doc/textcfg/changelog.gz \
     usr/share/doc/textcfg/changelog.Debian.gz usr/share/bash-completion/completions/textcfg \
     usr/share/bash-completion/completions/textcfg-store; do

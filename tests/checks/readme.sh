@@ -8,7 +8,7 @@ unset TEXTCFG_STORE
 
 # The commands, with this check's home folder, an installation folder of its own in place of /usr/local, and a list of
 # installed files that is not the user's.
-"$root/script/build" release -DCMAKE_BUILD_TYPE=Release >"$scratch/log" 2>&1 </dev/null ||
+"$root/script/build" release >"$scratch/log" 2>&1 </dev/null ||
     give_up "no program: $(cat "$scratch/log")"
 mkdir "$scratch/tree"
 cp "$root/build/release/cmake_install.cmake" "$scratch/tree/"

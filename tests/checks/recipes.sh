@@ -3,7 +3,7 @@
 . "$(dirname -- "${BASH_SOURCE[0]}")/common.sh"
 
 make_scratch
-"$root/script/build" release -DCMAKE_BUILD_TYPE=Release >"$scratch/log" 2>&1 </dev/null ||
+"$root/script/build" release >"$scratch/log" 2>&1 </dev/null ||
     give_up "no program: $(cat "$scratch/log")"
 export PATH=$root/build/release:$root/build/release/platform/host:$PATH
 unset TEXTCFG_STORE

@@ -3,14 +3,18 @@
  *
  * The switch that it plays runs from image bank 2 and holds images of zeros, but for a few settings of its ports, so
  * that a text which names them can only have come through this library.
+ *
+ * STUB_WITHOUT_MAPI and STUB_WITHOUT_UTIL leave out a half each, for a firmware with a library for either.
  */
 #include "platform/mapi.h"
 #include "platform/util.h"
 
+#include <arpa/inet.h>
 #include <stdarg.h>
 #include <stdio.h>
 #include <string.h>
 
+#ifndef STUB_WITHOUT_MAPI
 /* ------------------------------------------------------------------------------------------------ management API */
 
 enum { TRANSACTIONS = 2 };
@@ -69,6 +73,8 @@ int32_t mapi_sys_userauth_password_md5_get(int32_t handle, const char *password,
     return -1;
 }
 
+#endif
+#ifndef STUB_WITHOUT_UTIL
 /* -------------------------------------------------------------------------------------------- utility operations */
 
 int utilBitmapCheck(const void *bitmap, int bit) {
@@ -93,6 +99,7 @@ void utilBitmapNand(void *bitmap, const void *source, int count) {
         if (utilBitmapCheck(source, bit)) bytes[bit / 8] = (unsigned char)(bytes[bit / 8] & ~(1U << bit % 8));
 }
 
+/* Three neighbours or more are a run; two are listed, each for itself. */
 void utilPortBitmap2str(char *text, const void *bitmap, int portCount, int maximumPort) {
     size_t length = 0;
     text[0] = '\0';
@@ -101,6 +108,7 @@ void utilPortBitmap2str(char *text, const void *bitmap, int portCount, int maxim
         int last = first;
         if (!utilBitmapCheck(bitmap, first)) continue;
         while (last + 1 < portCount && utilBitmapCheck(bitmap, last + 1)) ++last;
+        if (last == first + 1) last = first;
         length += (size_t)snprintf(text + length, UTIL_PORT_LIST_SIZE - length, last == first ? "%s%d" : "%s%d-%d",
                                    length == 0 ? "" : ",", first + 1, last + 1);
         first = last;
@@ -115,12 +123,11 @@ void utilIp2IpStr(const void *address, char *text) {
 int utilIpIsZero(uint32_t address) { return address == 0; }
 
 char *utilIPv6Addr2Str(char *text, const void *address) {
-    const unsigned char *const octets = address;
-    size_t length = 0;
-    for (int i = 0; i < 16; i += 2)
-        length += (size_t)snprintf(text + length, UTIL_ADDRESS_SIZE - length, i == 0 ? "%x" : ":%x",
-                                   octets[i] << 8 | octets[i + 1]);
-    return text;
+    char written[INET6_ADDRSTRLEN] = "";
+    struct in6_addr octets; /* aligned, as an address in a record need not be */
+    memcpy(&octets, address, sizeof octets);
+    inet_ntop(AF_INET6, &octets, written, sizeof written);
+    return strcpy(text, written); /* writes nothing behind the NUL, which inet_ntop may */
 }
 
 int utilIpv6AddrIsZero(const void *address) {
@@ -157,3 +164,4 @@ int osPrintfConsole(const char *format, ...) {
     va_end(arguments);
     return printed;
 }
+#endif

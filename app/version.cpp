@@ -1,0 +1,3 @@
+#include "app/version.h"
+
+[[gnu::used]] const char textcfgVersion[] = "textcfg " TEXTCFG_VERSION;
