@@ -2,6 +2,8 @@
 
 #include "app/order.h"
 
+#include <ostream>
+
 namespace {
 
 /// Which value each line's field holds.
@@ -24,7 +26,7 @@ std::string rendered(const order::Call &call) {
 }
 
 std::string fullText(const FieldLineSet &section, const Choice &current) {
-    std::string text = section.frame.head;
+    std::string text = section.frame.removal + section.frame.head;
     for (std::size_t i = 0; i < current.size(); ++i) text += section.lines[i].values[current[i]].full;
     return text + section.frame.tail;
 }
@@ -37,7 +39,7 @@ std::string deltaText(const FieldLineSet &section, const Choice &current, const 
         open = open || section.lines[i].opensEntry;
         text += section.lines[i].values[current[i]].delta;
     }
-    return open ? section.frame.head + text + section.frame.tail : "";
+    return open ? section.frame.head + text + section.frame.deltaTail : "";
 }
 
 std::string shown(const Choice &choice) {
@@ -65,6 +67,8 @@ void prepare(const FieldLineSet &section) {
 }
 
 } // namespace
+
+void PrintTo(const FieldLineSet &set, std::ostream *out) { *out << set.emitter << ", " << set.name; }
 
 std::string linesName(const testing::TestParamInfo<FieldLineSet> &info) { return info.param.name; }
 

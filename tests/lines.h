@@ -8,6 +8,7 @@
 #include "rows.h"
 
 #include <initializer_list>
+#include <iosfwd>
 #include <utility>
 
 struct LineValue {
@@ -34,7 +35,9 @@ struct FieldLine {
 struct BlockFrame {
     std::string head;
     std::string tail;
+    std::string deltaTail;
     bool always = false;
+    std::string removal = {}; ///< what full mode writes first, as the default image has the entry too
 };
 
 struct FieldLineSet {
@@ -123,6 +126,70 @@ template <class Get> FieldLine text(Get field, std::initializer_list<StoredText>
 inline FieldLine always(const std::string &full) {
     return {{[](ConfigImage &) {}, full, ""}};
 }
+
+/// Address pairs that differ only after a zero octet, only in the first octet, or hold nothing but their last octet.
+struct Address {
+    Ipv4 octets;
+    const char *text;
+};
+inline const Address addresses[] = {
+    {{{0, 0, 0, 5}}, "0.0.0.5"},   {{{5, 0, 0, 0}}, "5.0.0.0"},   {{{0, 7, 0, 0}}, "0.7.0.0"},
+    {{{0, 0, 9, 0}}, "0.0.9.0"},   {{{10, 0, 0, 1}}, "10.0.0.1"}, {{{10, 0, 0, 2}}, "10.0.0.2"},
+    {{{10, 0, 3, 1}}, "10.0.3.1"}, {{{11, 0, 0, 1}}, "11.0.0.1"}, {{{255, 255, 255, 0}}, "255.255.255.0"},
+};
+
+struct LongAddress {
+    Ipv6 octets;
+    const char *text;
+};
+inline const LongAddress longAddresses[] = {
+    {{{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 5}}, "::5"},
+    {{{5, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}}, "500::"},
+    {{{0, 0, 0, 0, 0, 0, 7, 0, 0, 0, 0, 0, 0, 0, 0, 0}}, "0:0:0:700::"},
+    {{{0x20, 0x01, 0x0d, 0xb8, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1}}, "2001:db8::1"},
+    {{{0x20, 0x01, 0x0d, 0xb8, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 2}}, "2001:db8::2"},
+    {{{0x20, 0x01, 0x0d, 0xb8, 0, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1}}, "2001:db8:1::1"},
+    {{{0x30, 0x01, 0x0d, 0xb8, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1}}, "3001:db8::1"},
+};
+inline const Ipv6 someLong = {{0x20, 0x01, 0x0d, 0xb8, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 9}};
+
+/// An address of either family, and the line without one. `prefix` and `suffix` are the line around the address.
+enum class First { ipv4, ipv6 };
+template <class Short, class Long> FieldLine address(Short field, Long longField, First first,
+                                                     const std::string &prefix, const std::string &none,
+                                                     const std::string &deltaNone, const std::string &suffix = "\n") {
+    FieldLine line({});
+    const auto add = [&](const Ipv4 &octets, const Ipv6 &longOctets, const std::string &full,
+                         const std::string &delta) {
+        line.values.emplace_back(
+            [=](ConfigImage &image) {
+                field(image) = octets;
+                longField(image) = longOctets;
+            },
+            full, delta);
+    };
+    add({}, {}, none, deltaNone);
+    for (const Address &one : addresses) {
+        const std::string text = prefix + one.text + suffix;
+        add(one.octets, {}, text, text);
+    }
+    for (const LongAddress &one : longAddresses) {
+        const std::string text = prefix + one.text + suffix;
+        add({}, one.octets, text, text);
+    }
+    const std::string both = prefix + (first == First::ipv4 ? "0.0.0.6" : "2001:db8::9") + suffix;
+    add({{0, 0, 0, 6}}, someLong, both, both);
+    return line;
+}
+
+/// An IPv4 address in the form that an IPv6 field holds.
+inline Ipv6 mapped(const Ipv4 &address) {
+    const u8 *const octets = address.octets;
+    return {{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0xff, 0xff, octets[0], octets[1], octets[2], octets[3]}};
+}
+
+/// A failing set names its emitter.
+void PrintTo(const FieldLineSet &set, std::ostream *out);
 
 class FieldLines : public testing::TestWithParam<FieldLineSet> {};
 

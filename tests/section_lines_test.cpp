@@ -1,63 +1,7 @@
 /// Sections of single settings: each line follows its own field, whatever the others hold.
 #include "lines.h"
 
-#include <array>
-
 namespace {
-
-/// Address pairs that differ only after a zero octet, only in the first octet, or hold nothing but their last octet.
-struct Address {
-    Ipv4 octets;
-    const char *text;
-};
-const Address addresses[] = {
-    {{{0, 0, 0, 5}}, "0.0.0.5"},   {{{5, 0, 0, 0}}, "5.0.0.0"},   {{{0, 7, 0, 0}}, "0.7.0.0"},
-    {{{0, 0, 9, 0}}, "0.0.9.0"},   {{{10, 0, 0, 1}}, "10.0.0.1"}, {{{10, 0, 0, 2}}, "10.0.0.2"},
-    {{{10, 0, 3, 1}}, "10.0.3.1"}, {{{11, 0, 0, 1}}, "11.0.0.1"}, {{{255, 255, 255, 0}}, "255.255.255.0"},
-};
-
-struct LongAddress {
-    Ipv6 octets;
-    const char *text;
-};
-const LongAddress longAddresses[] = {
-    {{{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 5}}, "::5"},
-    {{{5, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}}, "500::"},
-    {{{0, 0, 0, 0, 0, 0, 7, 0, 0, 0, 0, 0, 0, 0, 0, 0}}, "0:0:0:700::"},
-    {{{0x20, 0x01, 0x0d, 0xb8, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1}}, "2001:db8::1"},
-    {{{0x20, 0x01, 0x0d, 0xb8, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 2}}, "2001:db8::2"},
-    {{{0x20, 0x01, 0x0d, 0xb8, 0, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1}}, "2001:db8:1::1"},
-    {{{0x30, 0x01, 0x0d, 0xb8, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1}}, "3001:db8::1"},
-};
-const Ipv6 someLong = {{0x20, 0x01, 0x0d, 0xb8, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 9}};
-
-/// A server that has an address of each family, and the line without one. `prefix` is the line up to the address.
-enum class First { ipv4, ipv6 };
-template <class Short, class Long> FieldLine server(Short field, Long longField, First first, const std::string &prefix,
-                                                    const std::string &none, const std::string &deltaNone) {
-    FieldLine line({});
-    const auto add = [&](const Ipv4 &octets, const Ipv6 &longOctets, const std::string &full,
-                         const std::string &delta) {
-        line.values.emplace_back(
-            [=](ConfigImage &image) {
-                field(image) = octets;
-                longField(image) = longOctets;
-            },
-            full, delta);
-    };
-    add({}, {}, none, deltaNone);
-    for (const Address &address : addresses) {
-        const std::string text = prefix + address.text + "\n";
-        add(address.octets, {}, text, text);
-    }
-    for (const LongAddress &address : longAddresses) {
-        const std::string text = prefix + address.text + "\n";
-        add({}, address.octets, text, text);
-    }
-    const std::string both = prefix + (first == First::ipv4 ? "0.0.0.6" : "2001:db8::9") + "\n";
-    add({{0, 0, 0, 6}}, someLong, both, both);
-    return line;
-}
 
 /// A DHCP server: an IPv4 address is kept in the IPv4-mapped form of IPv6.
 FieldLine dhcpServer(unsigned index) {
@@ -69,11 +13,8 @@ FieldLine dhcpServer(unsigned index) {
         line.values.emplace_back([=](ConfigImage &image) { image.dhcpSnooping.servers[index] = octets; }, full, delta);
     };
     add({}, off + " \n", off + "\n");
-    for (const Address &address : addresses) {
-        Ipv6 mapped = {{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0xff, 0xff, 0, 0, 0, 0}};
-        for (std::size_t i = 0; i < 4; ++i) mapped.octets[12 + i] = address.octets.octets[i];
-        add(mapped, on + address.text + " \n", on + address.text + "\n");
-    }
+    for (const Address &address : addresses)
+        add(mapped(address.octets), on + address.text + " \n", on + address.text + "\n");
     for (const LongAddress &address : longAddresses)
         add(address.octets, on + address.text + " \n", on + address.text + "\n");
     return line;
@@ -297,10 +238,10 @@ FIELD_LINES(TimeAndLog, ({
                                     {"ab..-cd..", "ntp offset ab-cd\n"},
                                     {"0123456789abcd..-0123456789abc..", "ntp offset 0123456789abcd-0123456789abc\n"},
                                     {"0123456789abcd..-0123456789abd..", "ntp offset 0123456789abcd-0123456789abd\n"}}),
-                              server(FIELD(time.server1), FIELD(time.server1Ipv6), First::ipv4, "ntp server1 ",
-                                     "no ntp server1 \n", "no ntp server1\n"),
-                              server(FIELD(time.server2), FIELD(time.server2Ipv6), First::ipv4, "ntp server2 ",
-                                     "no ntp server2 \n", "no ntp server2\n"),
+                              address(FIELD(time.server1), FIELD(time.server1Ipv6), First::ipv4, "ntp server1 ",
+                                      "no ntp server1 \n", "no ntp server1\n"),
+                              address(FIELD(time.server2), FIELD(time.server2Ipv6), First::ipv4, "ntp server2 ",
+                                      "no ntp server2 \n", "no ntp server2\n"),
                               number(FIELD(time.syncInterval), {{7, "ntp syn-interval 7\n"},
                                                                 {300, "ntp syn-interval 300\n"},
                                                                 {100000, "ntp syn-interval 100000\n"},
@@ -316,12 +257,12 @@ FIELD_LINES(TimeAndLog, ({
                              {flag(FIELD(log.enabled), "syslog\n", "no syslog\n"),
                               flag(FIELD(logTerminalHistory), "syslog logging-type terminal-history\n",
                                    "no syslog logging-type terminal-history\n"),
-                              server(FIELD(log.server[0]), FIELD(log.serverIpv6[0]), First::ipv4, "syslog server1 ",
-                                     "no syslog server1 \n", "no syslog server1\n"),
-                              server(FIELD(log.server[1]), FIELD(log.serverIpv6[1]), First::ipv4, "syslog server2 ",
-                                     "no syslog server2 \n", "no syslog server2\n"),
-                              server(FIELD(log.server[2]), FIELD(log.serverIpv6[2]), First::ipv4, "syslog server3 ",
-                                     "no syslog server3 \n", "no syslog server3\n")}},
+                              address(FIELD(log.server[0]), FIELD(log.serverIpv6[0]), First::ipv4, "syslog server1 ",
+                                      "no syslog server1 \n", "no syslog server1\n"),
+                              address(FIELD(log.server[1]), FIELD(log.serverIpv6[1]), First::ipv4, "syslog server2 ",
+                                      "no syslog server2 \n", "no syslog server2\n"),
+                              address(FIELD(log.server[2]), FIELD(log.serverIpv6[2]), First::ipv4, "syslog server3 ",
+                                      "no syslog server3 \n", "no syslog server3\n")}},
                         }));
 
 /// Server, protocol, path, user and password share a line.
@@ -443,10 +384,10 @@ FIELD_LINES(
           number(FIELD(radius.retryTime), {{8, "user radius retry-time 8\n"},
                                            {127, "user radius retry-time 127\n"},
                                            {-8, "user radius retry-time -8\n"}}),
-          server(FIELD(radius.server[0]), FIELD(radius.serverIpv6[0]), First::ipv6, "user radius server1 ",
-                 "no user radius server1 \n", "no user radius server1\n"),
-          server(FIELD(radius.server[1]), FIELD(radius.serverIpv6[1]), First::ipv6, "user radius server2 ",
-                 "no user radius server2 \n", "no user radius server2\n")}},
+          address(FIELD(radius.server[0]), FIELD(radius.serverIpv6[0]), First::ipv6, "user radius server1 ",
+                  "no user radius server1 \n", "no user radius server1\n"),
+          address(FIELD(radius.server[1]), FIELD(radius.serverIpv6[1]), First::ipv6, "user radius server2 ",
+                  "no user radius server2 \n", "no user radius server2\n")}},
         {"Tacacs",
          "convConfigTacacsInfo_Tacacs_configure_user",
          nullptr,
@@ -461,10 +402,10 @@ FIELD_LINES(
           number(FIELD(tacacs.retryTime), {{8, "user tacacs retry-time 8\n"},
                                            {127, "user tacacs retry-time 127\n"},
                                            {-8, "user tacacs retry-time -8\n"}}),
-          server(FIELD(tacacs.server[0]), FIELD(tacacs.serverIpv6[0]), First::ipv6, "user tacacs server1 ",
-                 "no user tacacs server1 \n", "no user tacacs server1\n"),
-          server(FIELD(tacacs.server[1]), FIELD(tacacs.serverIpv6[1]), First::ipv6, "user tacacs server2 ",
-                 "no user tacacs server2 \n", "no user tacacs server2\n")}},
+          address(FIELD(tacacs.server[0]), FIELD(tacacs.serverIpv6[0]), First::ipv6, "user tacacs server1 ",
+                  "no user tacacs server1 \n", "no user tacacs server1\n"),
+          address(FIELD(tacacs.server[1]), FIELD(tacacs.serverIpv6[1]), First::ipv6, "user tacacs server2 ",
+                  "no user tacacs server2 \n", "no user tacacs server2\n")}},
     }));
 
 /// The server of 802.1X is always written, the zero address too.
