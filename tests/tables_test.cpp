@@ -391,25 +391,4 @@ TEST(RemarkingMarkers, AreSetInBothImagesWhetherOrNotEntriesDiffer) {
     }
 }
 
-/// Nothing but the remarking emitters of delta mode writes into an image.
-TEST(Emitters, LeaveTheImagesAsTheyAre) {
-    static ConfigImage before;
-    resetAll();
-    g_EEPROM.capabilities = 0x150;
-    std::memset(static_cast<void *>(gSysConfig), 2, sizeof *gSysConfig);
-    before = *gSysConfig;
-    for (const order::Step &step : order::steps) {
-        for (const Mode mode : {Mode::full, Mode::delta}) {
-            const order::Call &call = mode == Mode::full ? step.full : step.delta;
-            if (!call) continue;
-            clearText();
-            call();
-            const bool marks =
-                mode == Mode::delta && step.emitter.find("_configure_qos_remarking") != step.emitter.npos;
-            EXPECT_EQ(!marks, sameBytes(before, *gSysConfig)) << step.emitter;
-            before = *gSysConfig;
-        }
-    }
-}
-
 } // namespace
