@@ -9,8 +9,8 @@ namespace {
 
 /// What one mode calls, in order. Taken from the table at compile time, so that the program carries no names that it
 /// does not print.
-template <std::size_t Count> consteval std::array<void (*)(), Count> callsOf(order::Call order::Step::*mode) {
-    std::array<void (*)(), Count> calls = {};
+template <std::size_t Count> consteval std::array<int (*)(), Count> callsOf(order::Call order::Step::*mode) {
+    std::array<int (*)(), Count> calls = {};
     std::size_t next = 0;
     for (const order::Step &step : order::steps)
         if (step.*mode) calls[next++] = (step.*mode).run;

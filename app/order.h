@@ -29,14 +29,14 @@ namespace order {
 
 /// What one mode calls in a step, and with which sections.
 struct Call {
-    void (*run)() = nullptr;    ///< null where the mode has no such step
+    int (*run)() = nullptr;     ///< null where the mode has no such step
     Section argument = {};      ///< the section that is passed; no name if there is none
     bool withDefaults = false;  ///< the default image's section is passed too
     bool isWholeImages = false; ///< both images are passed whole; `reading` says what is read of them
     Read reads[6] = {};         ///< what is read besides
     std::size_t readCount = 0;
 
-    void operator()() const { run(); }
+    int operator()() const { return run(); }
     constexpr explicit operator bool() const { return run != nullptr; }
 
     /// What the emitter reads besides its arguments.
@@ -52,19 +52,19 @@ struct Call {
 /// No call.
 inline constexpr Call nothing = {};
 /// The emitter without arguments: it finds its images itself.
-template <auto Emitter> inline constexpr Call alone = {[] { Emitter(); }};
+template <auto Emitter> inline constexpr Call alone = {[] { return Emitter(); }};
 /// The emitter with the section of the current image.
 template <auto Emitter, auto Section>
-inline constexpr Call current = {[] { Emitter(gSysConfig->*Section); }, sectionOf<Section>};
+inline constexpr Call current = {[] { return Emitter(gSysConfig->*Section); }, sectionOf<Section>};
 /// The emitter with the section of the current and of the default image.
-template <auto Emitter, auto Section>
-inline constexpr Call both = {[] { Emitter(gSysConfig->*Section, gDefConfig->*Section); }, sectionOf<Section>, true};
+template <auto Emitter, auto Section> inline constexpr Call both = {
+    [] { return Emitter(gSysConfig->*Section, gDefConfig->*Section); }, sectionOf<Section>, true};
 /// The emitter with the section of the current image twice, so that it has no default to compare with.
 template <auto Emitter, auto Section>
-inline constexpr Call twice = {[] { Emitter(gSysConfig->*Section, gSysConfig->*Section); }, sectionOf<Section>};
+inline constexpr Call twice = {[] { return Emitter(gSysConfig->*Section, gSysConfig->*Section); }, sectionOf<Section>};
 /// The emitter with the whole current and the whole default image.
 template <auto Emitter>
-inline constexpr Call wholeImages = {[] { Emitter(*gSysConfig, *gDefConfig); }, {}, false, true};
+inline constexpr Call wholeImages = {[] { return Emitter(*gSysConfig, *gDefConfig); }, {}, false, true};
 
 struct Step {
     std::string_view emitter;

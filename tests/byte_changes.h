@@ -1,12 +1,10 @@
 /// Which bytes of the image count: every byte of a section is changed alone, and the text is looked at.
 #pragma once
 
-#include "rows.h"
+#include "stores.h"
 
 #include <cstddef>
 #include <initializer_list>
-
-using Given = std::function<void(ConfigImage &current, ConfigImage &defaults)>;
 
 /// Bytes of the image, from `first` to `last`, and what a text begins with that one of them alone brings about.
 struct Counting {
@@ -14,13 +12,6 @@ struct Counting {
     std::size_t last;
     std::string text;
 };
-
-inline std::string textOfStep(Mode mode, const char *emitter, const Given &given) {
-    resetAll();
-    given(*gSysConfig, *gDefConfig);
-    callStep(mode, emitter);
-    return Temp_Configuration;
-}
 
 /// Changes the byte at `offset` of the current image, after `given`.
 inline Given withByte(const Given &given, std::size_t offset, u8 change) {

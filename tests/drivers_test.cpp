@@ -1,10 +1,9 @@
 /// The six drivers: their headers, the order in which they call the emitters, and what they hand to them.
-#include "rows.h"
+#include "stores.h"
 
 #include "app/drivers.h"
 #include "app/header.h"
 #include "app/order.h"
-#include "platform/host/factory.h"
 
 #include <cstring>
 #include <iterator>
@@ -281,13 +280,6 @@ std::vector<std::string> traced(void (*driver)()) {
     return names;
 }
 
-/// The switch of the built-in store, in service and as it left the factory.
-void composeFactory() {
-    factory::composeRunning(*gSysConfig);
-    factory::composeDefault(*gDefConfig);
-    factory::composeBoard(g_EEPROM);
-}
-
 // -------------------------------------------------------------------------------------------------------------- order
 
 TEST(Order, ListsHaveTheirLength) {
@@ -299,7 +291,7 @@ TEST(Order, ListsHaveTheirLength) {
 TEST_P(Drivers, CallEveryEmitterInOrder) {
     const auto &expected = GetParam().mode == Mode::full ? fullTrace : deltaTrace;
     EXPECT_EQ(expected, traced(GetParam().run));
-    composeFactory();
+    composeBuiltIn();
     EXPECT_EQ(expected, traced(GetParam().run)) << "whatever the images hold";
     platform.calls.clear();
     platform.failingCall = 0;
@@ -311,36 +303,6 @@ TEST_P(Drivers, CallEveryEmitterWhenTheTextIsFull) {
     std::memset(Temp_Configuration, 'x', sizeof Temp_Configuration);
     EXPECT_EQ(GetParam().mode == Mode::full ? fullTrace : deltaTrace, traced(GetParam().run));
     clearText();
-}
-
-TEST(Order, EmittersThatDoNotTrace) {
-    // They stand in the table all the same, where full mode calls them.
-    const struct {
-        std::size_t step;
-        const char *emitter;
-        bool delta;
-    } silent[] = {
-        {13, "InterfaceGroup_configure_ip_group", false},
-        {14, "IGMPFilterFunc_configure_ip_igmp_filter", true},
-        {49, "PbitPriorityFunc_configure_qos_remarking", true},
-        {78, "ManageVLANFunc_configure_vlan", true},
-        {80, "PortConfigFunc_configure_interface", true},
-        {85, "IGMPFilterFunc_configure_interface_ip_igmp_filter", true},
-        {107, "PortConfigFunc_configure_interface_lan", false},
-        {112, "PortConfigFunc_configure_interface_wan", false},
-    };
-    resetAll();
-    std::set<std::string> names(fullTrace.begin(), fullTrace.end());
-    for (const auto &row : silent) {
-        const order::Step &step = order::steps[row.step - 1];
-        EXPECT_EQ(row.emitter, step.emitter);
-        EXPECT_EQ(row.delta, static_cast<bool>(step.delta));
-        EXPECT_TRUE(names.insert(row.emitter).second);
-        gCfgDebug = 1;
-        EXPECT_EQ("", printedBy(step.full));
-    }
-    gCfgDebug = 0;
-    EXPECT_EQ(116U, names.size());
 }
 
 TEST(Order, EmittersThatDeltaModeLeavesOutHaveTwins) {
@@ -380,21 +342,8 @@ TEST(Order, EmittersThatDeltaModeLeavesOutHaveTwins) {
     EXPECT_STREQ("", Temp_Configuration);
 }
 
-TEST(Order, StepsBearTheNamesThatTheirEmittersTrace) {
-    resetAll();
-    for (const order::Step &step : order::steps) {
-        gCfgDebug = 1;
-        const std::string name = "[" + std::string(step.emitter) + "]\n";
-        const std::string printed = printedBy(step.full);
-        EXPECT_TRUE(printed == name || printed.empty()) << printed;
-        if (!step.delta) continue;
-        EXPECT_EQ(name, printedBy(step.delta));
-    }
-    gCfgDebug = 0;
-}
-
 TEST_P(Drivers, TraceNothingUnlessAsked) {
-    composeFactory();
+    composeBuiltIn();
     EXPECT_EQ("", printedBy(GetParam().run));
 }
 
@@ -417,7 +366,7 @@ TEST_P(Drivers, BeginWithTheirHeader) {
 /// The text of a driver for the built-in store.
 std::string factoryText(void (*driver)()) {
     resetAll();
-    composeFactory();
+    composeBuiltIn();
     driver();
     EXPECT_FALSE(textOverflowed());
     return Temp_Configuration;
@@ -446,7 +395,7 @@ TEST(DriversOf, TextIsThatOfTheStepsInOrder) {
     for (const Mode mode : {Mode::full, Mode::delta}) {
         const std::string page = factoryText(mode == Mode::full ? convHtmlConfig : convDeltaHtmlConfig);
         resetAll();
-        composeFactory();
+        composeBuiltIn();
         initHtmlConfig();
         for (const order::Step &step : order::steps)
             if (const auto call = mode == Mode::full ? step.full : step.delta) call();
@@ -666,7 +615,7 @@ TEST(Order, DeltaModeWritesNothingForEqualImages) {
     for (int seed = 0; seed < 6; ++seed) {
         equip();
         std::mt19937 random(static_cast<unsigned>(seed));
-        if (seed == 1) composeFactory();
+        if (seed == 1) composeBuiltIn();
         if (seed > 1) scramble(*gSysConfig, 0, sizeof(ConfigImage), random);
         std::memcpy(static_cast<void *>(gDefConfig), gSysConfig, sizeof(ConfigImage));
         for (const order::Step &step : order::steps) {

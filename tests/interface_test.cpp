@@ -270,13 +270,3 @@ TEST(PhysicalPorts, EmittersThatWriteNothing) {
     for (const order::Step &step : order::steps) EXPECT_NE("WifiConfigFunc_configure_interface", step.emitter);
     gCfgDebug = 0;
 }
-
-TEST(PhysicalPorts, TraceInDeltaModeOnly) {
-    resetAll();
-    gCfgDebug = 1;
-    EXPECT_EQ("", printedBy([] { EXPECT_EQ(0, full::PortConfigFunc_configure_interface()); }));
-    EXPECT_EQ("[PortConfigFunc_configure_interface]\n",
-              printedBy([] { EXPECT_EQ(0, delta::PortConfigFunc_configure_interface()); }));
-    gCfgDebug = 0;
-    EXPECT_EQ("", printedBy([] { delta::PortConfigFunc_configure_interface(); }));
-}

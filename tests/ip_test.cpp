@@ -9,22 +9,6 @@ namespace {
 constexpr const char *ipv4Step = "convConfigNetConfig_mid_sys_netcfg_ipv4_configure_ip";
 constexpr const char *ipv6Step = "convConfigNetConfig_mid_sys_netcfg_ipv6_configure_ipv6";
 
-/// Steps that render nothing; the first two have no twin in delta mode.
-constexpr const char *traceOnly[] = {"convConfigNetConfig_mid_sys_ddns_server_configure",
-                                     "convConfigNetConfig_mid_sys_dhcp_server_configure",
-                                     "convConfigDNSConfig_mid_sys_dns_cfg_configure_ip_name_server",
-                                     "convConfig_mid_forward_dynamic_route_configure",
-                                     "convConfig_mid_forward_static_route_idx_configure",
-                                     "convConfig_mid_sys_netcfg_wan_configure",
-                                     "convConfig_mid_sys_netcfg_ipv4_lan_configure",
-                                     "convConfig_mid_sys_netcfg_wan_ipv6_configure",
-                                     "convConfig_mid_sys_netcfg_ipv6_lan_configure",
-                                     "convConfig_mid_sys_dhcpv6_server_configure",
-                                     "convConfig_mid_sys_dhcpv6_srv_state_idx_configure",
-                                     "convConfig_mid_sys_radvd_configure",
-                                     "convConfig_mid_sys_ddns_ipv6_configure",
-                                     "convConfig_mid_forward_static_ipv6_route_idx_configure"};
-
 /// An IPv4 interface with all of its values set.
 Ipv4Interface someIpv4() {
     Ipv4Interface interface = {};
@@ -224,41 +208,6 @@ ROWS(IpAddressing,
          {"IPv6 reserved bytes", Mode::delta, ipv6Step,
           ipv6Changed([](Ipv6Interface &ip) { std::memset(&ip.reserved54, 0xff, sizeof ip.reserved54); }), ""},
      }));
-
-TEST(IpAddressing, Traces) {
-    resetAll();
-    gCfgDebug = 1;
-    for (const Mode mode : {Mode::full, Mode::delta})
-        for (const char *step : {ipv4Step, ipv6Step})
-            EXPECT_EQ("[" + std::string(step) + "]\n", printedBy([=] { callStep(mode, step); }));
-}
-
-TEST(IpAddressing, PrintsNothingWhenNotTracing) {
-    resetAll();
-    for (const Mode mode : {Mode::full, Mode::delta})
-        for (const char *step : {ipv4Step, ipv6Step}) EXPECT_EQ("", printedBy([=] { callStep(mode, step); }));
-}
-
-TEST(IpAddressing, NetworkSectionsOnlyTrace) {
-    resetAll();
-    std::memset(static_cast<void *>(gSysConfig), 1, sizeof *gSysConfig);
-    gCfgDebug = 1;
-    for (std::size_t i = 0; i < std::size(traceOnly); ++i) {
-        const std::string traced = "[" + std::string(traceOnly[i]) + "]\n";
-        EXPECT_EQ(traced, printedBy([=] { callStep(Mode::full, traceOnly[i]); }));
-        if (i < 2) EXPECT_THROW(callStep(Mode::delta, traceOnly[i]), std::invalid_argument);
-        else EXPECT_EQ(traced, printedBy([=] { callStep(Mode::delta, traceOnly[i]); }));
-    }
-    EXPECT_STREQ("", Temp_Configuration);
-}
-
-TEST(IpAddressing, ReturnsZero) {
-    resetAll();
-    EXPECT_EQ(0, full::convConfigNetConfig_mid_sys_netcfg_ipv4_configure_ip(gSysConfig->ipv4));
-    EXPECT_EQ(0, delta::convConfigNetConfig_mid_sys_netcfg_ipv4_configure_ip(gSysConfig->ipv4, gDefConfig->ipv4));
-    EXPECT_EQ(0, full::convConfigNetConfig_mid_sys_netcfg_ipv6_configure_ipv6(gSysConfig->ipv6));
-    EXPECT_EQ(0, delta::convConfigNetConfig_mid_sys_netcfg_ipv6_configure_ipv6(gSysConfig->ipv6, gDefConfig->ipv6));
-}
 
 TEST(IpAddressing, Golden) {
     EXPECT_EQ(golden("ip_full.txt"), ipText(Mode::full));

@@ -13,14 +13,12 @@ constexpr std::size_t poeAt = 180414;
 constexpr std::size_t portsAt = 205032;
 
 /// `given` on a board whose capability word is `capabilities`.
-Given onBoard(std::uint32_t capabilities, const Given &given) {
+Given withCapabilities(std::uint32_t capabilities, const Given &given) {
     return [=](ConfigImage &current, ConfigImage &defaults) {
         g_EEPROM.capabilities = capabilities;
         given(current, defaults);
     };
 }
-
-void nothing(ConfigImage &, ConfigImage &) {}
 
 void everythingOn(PoeConfig &config) {
     config.enabled = 1;
@@ -32,16 +30,16 @@ void everythingOn(PoeConfig &config) {
 }
 
 Given global(std::function<void(PoeConfig &)> set) {
-    return onBoard(0x100, [set](ConfigImage &current, ConfigImage &) { set(current.poe); });
+    return withCapabilities(0x100, [set](ConfigImage &current, ConfigImage &) { set(current.poe); });
 }
 Given globalDefault(std::function<void(PoeConfig &)> set) {
-    return onBoard(0x100, [set](ConfigImage &, ConfigImage &defaults) { set(defaults.poe); });
+    return withCapabilities(0x100, [set](ConfigImage &, ConfigImage &defaults) { set(defaults.poe); });
 }
 
 /// Ports with values that have no line, in both images, then what `set` and `setDefault` set.
 Given ports(
     std::function<void(PoePort *)> set, std::function<void(PoePort *)> setDefault = [](PoePort *) {}) {
-    return onBoard(0x100, [set, setDefault](ConfigImage &current, ConfigImage &defaults) {
+    return withCapabilities(0x100, [set, setDefault](ConfigImage &current, ConfigImage &defaults) {
         for (ConfigImage *image : {&current, &defaults})
             for (PoePort &port : image->poePorts) {
                 port.enabled = port.priority = port.scheduleEnabled = 3;
@@ -96,7 +94,7 @@ std::string poeText(Mode mode) {
 
 ROWS(Poe,
      ({
-         {"all off", Mode::full, poe, onBoard(0x100, nothing),
+         {"all off", Mode::full, poe, withCapabilities(0x100, nothing),
           "no poe\npoe alarm-threshold 0 \npoe budget-mode class\nno poe eventlog \nno poe syslog \nno poe traps \n"},
          {"all on", Mode::full, poe, global(everythingOn),
           "poe \npoe alarm-threshold 80 \npoe budget-mode fixed\npoe eventlog \npoe syslog \npoe traps \n"},
@@ -106,34 +104,34 @@ ROWS(Poe,
           }),
           "poe \npoe alarm-threshold 255 \npoe budget-mode fixed\npoe eventlog \npoe syslog \npoe traps \n"},
          {"board without PoE", Mode::full, poe,
-          onBoard(0xfffffeff, [](ConfigImage &current, ConfigImage &) { everythingOn(current.poe); }), ""},
+          withCapabilities(0xfffffeff, [](ConfigImage &current, ConfigImage &) { everythingOn(current.poe); }), ""},
 
          {"same", Mode::delta, poe,
-          onBoard(0x100,
-                  [](ConfigImage &current, ConfigImage &defaults) {
-                      everythingOn(current.poe);
-                      everythingOn(defaults.poe);
-                  }),
+          withCapabilities(0x100,
+                           [](ConfigImage &current, ConfigImage &defaults) {
+                               everythingOn(current.poe);
+                               everythingOn(defaults.poe);
+                           }),
           ""},
          {"turned on", Mode::delta, poe, global(everythingOn),
           "poe\npoe alarm-threshold 80\npoe budget-mode fixed\npoe eventlog\npoe syslog\npoe traps\n"},
          {"turned off", Mode::delta, poe, globalDefault(everythingOn),
           "no poe\npoe alarm-threshold 0\npoe budget-mode class\nno poe eventlog\nno poe syslog\nno poe traps\n"},
          {"1 against 2", Mode::delta, poe,
-          onBoard(0x100,
-                  [](ConfigImage &current, ConfigImage &defaults) {
-                      everythingOn(current.poe);
-                      defaults.poe.enabled = defaults.poe.fixedBudget = defaults.poe.traps = 2;
-                      defaults.poe.eventLog = defaults.poe.syslog = 2;
-                      defaults.poe.alarmThreshold = 80;
-                  }),
+          withCapabilities(0x100,
+                           [](ConfigImage &current, ConfigImage &defaults) {
+                               everythingOn(current.poe);
+                               defaults.poe.enabled = defaults.poe.fixedBudget = defaults.poe.traps = 2;
+                               defaults.poe.eventLog = defaults.poe.syslog = 2;
+                               defaults.poe.alarmThreshold = 80;
+                           }),
           "poe\npoe budget-mode fixed\npoe eventlog\npoe syslog\npoe traps\n"},
          {"board without PoE", Mode::delta, poe,
-          onBoard(0xfffffeff, [](ConfigImage &current, ConfigImage &) { everythingOn(current.poe); }), ""},
+          withCapabilities(0xfffffeff, [](ConfigImage &current, ConfigImage &) { everythingOn(current.poe); }), ""},
      }));
 
 TEST(Poe, Bytes) {
-    const Given given = onBoard(0x100, nothing);
+    const Given given = withCapabilities(0x100, nothing);
     expectRead(poe, given, poeAt - 4, poeAt + 20, {{poeAt, poeAt}, {poeAt + 8, poeAt + 12}});
     expectCounting(poe, given, poeAt - 4, poeAt + 20,
                    {{poeAt, poeAt, "poe\n"},
@@ -148,12 +146,12 @@ TEST(Poe, Bytes) {
 
 ROWS(PoePorts,
      ({
-         {"zero image", Mode::full, poePorts, onBoard(0x100, nothing),
+         {"zero image", Mode::full, poePorts, withCapabilities(0x100, nothing),
           "interface 1-24 \nno poe\nexit\n"
           "interface 1-24 \npoe budget 0\nexit\n"
           "interface 1-24 \npoe priority critical\nexit\n"
           "interface 1-24 \nno poe schedule\nexit\n"},
-         {"board without PoE", Mode::full, poePorts, onBoard(0xfffffeff, nothing), ""},
+         {"board without PoE", Mode::full, poePorts, withCapabilities(0xfffffeff, nothing), ""},
          {"values without a line", Mode::full, poePorts, ports([](PoePort *) {}), ""},
          {"on before off", Mode::full, poePorts, ports([](PoePort *port) {
               port[0].enabled = 0;
@@ -260,26 +258,26 @@ ROWS(PoePorts,
 
 ROWS(PoePortDifferences,
      ({
-         {"zero image", Mode::delta, poePorts, onBoard(0x100, nothing), ""},
+         {"zero image", Mode::delta, poePorts, withCapabilities(0x100, nothing), ""},
          {"board without PoE", Mode::delta, poePorts,
-          onBoard(0xfffffeff,
-                  [](ConfigImage &current, ConfigImage &defaults) {
-                      composePoe(current, defaults);
-                      g_EEPROM.capabilities = 0xfffffeff;
-                  }),
+          withCapabilities(0xfffffeff,
+                           [](ConfigImage &current, ConfigImage &defaults) {
+                               composePoe(current, defaults);
+                               g_EEPROM.capabilities = 0xfffffeff;
+                           }),
           ""},
          {"same", Mode::delta, poePorts,
-          onBoard(0x100,
-                  [](ConfigImage &current, ConfigImage &defaults) {
-                      composePoe(current, defaults);
-                      defaults = current;
-                  }),
+          withCapabilities(0x100,
+                           [](ConfigImage &current, ConfigImage &defaults) {
+                               composePoe(current, defaults);
+                               defaults = current;
+                           }),
           ""},
          {"turned off on one port", Mode::delta, poePorts,
-          onBoard(0x100, [](ConfigImage &, ConfigImage &defaults) { defaults.poePorts[23].enabled = 1; }),
+          withCapabilities(0x100, [](ConfigImage &, ConfigImage &defaults) { defaults.poePorts[23].enabled = 1; }),
           "interface 1-24 \nno poe\nexit\n"},
          {"turned on on one port", Mode::delta, poePorts,
-          onBoard(0x100, [](ConfigImage &current, ConfigImage &) { current.poePorts[0].enabled = 1; }),
+          withCapabilities(0x100, [](ConfigImage &current, ConfigImage &) { current.poePorts[0].enabled = 1; }),
           "interface 1 \npoe\nexit\ninterface 2-24 \nno poe\nexit\n"},
 
          {"no budgets any more", Mode::delta, poePorts,
@@ -298,13 +296,13 @@ ROWS(PoePortDifferences,
           }),
           ""},
          {"budget set on one port", Mode::delta, poePorts,
-          onBoard(0x100, [](ConfigImage &current, ConfigImage &) { current.poePorts[3].budget = 15; }),
+          withCapabilities(0x100, [](ConfigImage &current, ConfigImage &) { current.poePorts[3].budget = 15; }),
           "interface 1-3,5-24 \npoe budget 0\nexit\n"},
          {"a budget of 1 set on the last port", Mode::delta, poePorts,
-          onBoard(0x100, [](ConfigImage &current, ConfigImage &) { current.poePorts[23].budget = 1; }),
+          withCapabilities(0x100, [](ConfigImage &current, ConfigImage &) { current.poePorts[23].budget = 1; }),
           "interface 1-23 \npoe budget 0\nexit\n"},
          {"budget removed on one port", Mode::delta, poePorts,
-          onBoard(0x100, [](ConfigImage &, ConfigImage &defaults) { defaults.poePorts[0].budget = 15; }),
+          withCapabilities(0x100, [](ConfigImage &, ConfigImage &defaults) { defaults.poePorts[0].budget = 15; }),
           "interface 1-24 \npoe budget 0\nexit\n"},
          {"the group opens at a later port than the default's", Mode::delta, poePorts,
           ports([](PoePort *port) { port[5].budget = port[6].budget = 0; },
@@ -339,11 +337,11 @@ ROWS(PoePortDifferences,
          {"device names differ behind their end", Mode::delta, poePorts,
           ports([](PoePort *port) { port[0].deviceName.characters[1] = 'x'; }), ""},
          {"priorities", Mode::delta, poePorts,
-          onBoard(0x100,
-                  [](ConfigImage &current, ConfigImage &) {
-                      current.poePorts[1].priority = 1;
-                      current.poePorts[23].priority = 2;
-                  }),
+          withCapabilities(0x100,
+                           [](ConfigImage &current, ConfigImage &) {
+                               current.poePorts[1].priority = 1;
+                               current.poePorts[23].priority = 2;
+                           }),
           "interface 1,3-23 \npoe priority critical\nexit\n"
           "interface 2 \npoe priority high\nexit\n"
           "interface 24 \npoe priority low\nexit\n"},
@@ -359,7 +357,8 @@ ROWS(PoePortDifferences,
                 }),
           "interface 1,24\npoe schedule day\nexit\ninterface 24\npoe schedule night\nexit\n"},
          {"schedules", Mode::delta, poePorts,
-          onBoard(0x100, [](ConfigImage &current, ConfigImage &) { current.poePorts[23].scheduleEnabled = 1; }),
+          withCapabilities(0x100,
+                           [](ConfigImage &current, ConfigImage &) { current.poePorts[23].scheduleEnabled = 1; }),
           "interface 24 \npoe schedule\nexit\ninterface 1-23 \nno poe schedule\nexit\n"},
          {"order", Mode::delta, poePorts, ports([](PoePort *port) {
               port[0].scheduleEnabled = 1;
@@ -379,7 +378,7 @@ ROWS(PoePortDifferences,
 
 /// Ports of distinct full names, so that every byte of a name shows.
 TEST(PoePorts, Bytes) {
-    const Given given = onBoard(0x100, [](ConfigImage &current, ConfigImage &defaults) {
+    const Given given = withCapabilities(0x100, [](ConfigImage &current, ConfigImage &defaults) {
         for (ConfigImage *image : {&current, &defaults})
             for (int i = 0; i < 24; ++i) {
                 image->poePorts[i].deviceName = letters(33).c_str();
@@ -410,59 +409,7 @@ TEST(PoePorts, Bytes) {
 
 // --------------------------------------------------------------------------------------------------------- the whole
 
-TEST(Poe, TracesOnEveryBoard) {
-    resetAll();
-    for (const std::uint32_t capabilities : {0U, 0x100U})
-        for (const Mode mode : {Mode::full, Mode::delta})
-            for (const char *step : {poe, poePorts}) {
-                g_EEPROM.capabilities = capabilities;
-                gCfgDebug = 1;
-                EXPECT_EQ("[" + std::string(step) + "]\n", printedBy([=] { callStep(mode, step); }));
-                gCfgDebug = 0;
-                EXPECT_EQ("", printedBy([=] { callStep(mode, step); }));
-            }
-}
-
-TEST(Poe, ReturnsZero) {
-    resetAll();
-    for (const std::uint32_t capabilities : {0U, 0x100U}) {
-        g_EEPROM.capabilities = capabilities;
-        const ConfigImage &now = *gSysConfig;
-        const ConfigImage &standard = *gDefConfig;
-        EXPECT_EQ(0, full::convConfigPOEConfig_POEConfig_configure_poe(now.poe));
-        EXPECT_EQ(0, delta::convConfigPOEConfig_POEConfig_configure_poe(now.poe, standard.poe));
-        EXPECT_EQ(0, full::convConfigPOEConfig_POEConfig_configure_interface_poe(now.poePorts, standard.poePorts));
-        EXPECT_EQ(0, delta::convConfigPOEConfig_POEConfig_configure_interface_poe(now.poePorts, standard.poePorts));
-    }
-}
-
-/// The names are worked on in a copy.
-TEST(Poe, LeavesTheImagesAsTheyAre) {
-    static ConfigImage current;
-    static ConfigImage defaults;
-    for (const Mode mode : {Mode::full, Mode::delta}) {
-        resetAll();
-        composePoe(*gSysConfig, *gDefConfig);
-        current = *gSysConfig;
-        defaults = *gDefConfig;
-        callStep(mode, poe);
-        callStep(mode, poePorts);
-        EXPECT_TRUE(sameBytes(current, *gSysConfig));
-        EXPECT_TRUE(sameBytes(defaults, *gDefConfig));
-    }
-}
-
 TEST(Poe, Golden) {
     EXPECT_EQ(golden("poe_full.txt"), poeText(Mode::full));
     EXPECT_EQ(golden("poe_delta.txt"), poeText(Mode::delta));
-}
-
-TEST(Poe, BuiltInStore) {
-    const auto store = [](ConfigImage &current, ConfigImage &defaults) {
-        factory::composeRunning(current);
-        factory::composeDefault(defaults);
-        factory::composeBoard(g_EEPROM);
-    };
-    for (const char *step : {poe, poePorts})
-        for (const Mode mode : {Mode::full, Mode::delta}) EXPECT_NE("", textOfStep(mode, step, store)) << step;
 }

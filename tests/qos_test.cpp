@@ -61,8 +61,6 @@ auto onlyPriorities(std::function<void(PriorityConfig &)> set) {
     };
 }
 
-void nothing(ConfigImage &, ConfigImage &) {}
-
 /// Eight blocks whose lines are `first` and `second` with the values.
 std::string dscpBlocks(std::initializer_list<std::pair<int, int>> values) {
     std::string text;
@@ -609,84 +607,7 @@ TEST(UserPriority, Bytes) {
 
 // ---------------------------------------------------------------------------------------------------------- the whole
 
-TEST(Qos, Traces) {
-    const std::vector<const char *> both = {
-        queues,
-        remark,
-        dscpEntries,
-        management,
-        rates,
-        userPriority,
-        "convConfigDSCPRemark_DSCPRemark_configure_interface_qos",
-        "convConfigPriorityConfig_PriorityConfig_configure_interface_lan_qos",
-        "convConfigRateLimitConfig2_RateLimitConfig2_configure_interface_lan_qos",
-        "convConfigVLANConfig_VLANConfig_configure_interface_lan_qos",
-        "convConfigPriorityConfig_PriorityConfig_configure_interface_wan_qos",
-        "convConfigRateLimitConfig2_RateLimitConfig2_configure_interface_wan_qos",
-        "convConfigVLANConfig_VLANConfig_configure_interface_wan_qos",
-    };
-    resetAll();
-    for (const std::int32_t debug : {1, -1, 0}) {
-        gCfgDebug = debug;
-        const auto traced = [debug](const char *step) {
-            return debug != 0 ? "[" + std::string(step) + "]\n" : std::string();
-        };
-        for (const char *step : both)
-            for (const Mode mode : {Mode::full, Mode::delta})
-                EXPECT_EQ(traced(step), printedBy([=] { callStep(mode, step); }));
-        const char *const fullOnly = "convConfigPriorityConfig_PriorityConfig_configure_interface_qos";
-        EXPECT_EQ(traced(fullOnly), printedBy([=] { callStep(Mode::full, fullOnly); }));
-        EXPECT_EQ("", printedBy([] { callStep(Mode::full, priorityEntries); }));
-        EXPECT_EQ(traced(priorityEntries), printedBy([] { callStep(Mode::delta, priorityEntries); }));
-    }
-}
-
-TEST(Qos, SectionsWithoutText) {
-    for (const char *step : {"convConfigDSCPRemark_DSCPRemark_configure_interface_qos",
-                             "convConfigPriorityConfig_PriorityConfig_configure_interface_lan_qos",
-                             "convConfigRateLimitConfig2_RateLimitConfig2_configure_interface_lan_qos",
-                             "convConfigVLANConfig_VLANConfig_configure_interface_lan_qos",
-                             "convConfigPriorityConfig_PriorityConfig_configure_interface_wan_qos",
-                             "convConfigRateLimitConfig2_RateLimitConfig2_configure_interface_wan_qos",
-                             "convConfigVLANConfig_VLANConfig_configure_interface_wan_qos"}) {
-        EXPECT_EQ("", textOfStep(Mode::full, step, composeQos));
-        EXPECT_EQ("", textOfStep(Mode::delta, step, composeQos));
-    }
-    EXPECT_EQ("",
-              textOfStep(Mode::full, "convConfigPriorityConfig_PriorityConfig_configure_interface_qos", composeQos));
-}
-
-TEST(Qos, ReturnsZero) {
-    resetAll();
-    ConfigImage &now = *gSysConfig;
-    ConfigImage &standard = *gDefConfig;
-    EXPECT_EQ(0, full::convConfigPriorityConfig_PriorityConfig_configure_qos(now.priority));
-    EXPECT_EQ(0, delta::convConfigPriorityConfig_PriorityConfig_configure_qos(now.priority, standard.priority));
-    EXPECT_EQ(0, full::convConfigDSCPRemark_DSCPRemark_configure_qos(now.remarking));
-    EXPECT_EQ(0, delta::convConfigDSCPRemark_DSCPRemark_configure_qos(now.remarking, standard.remarking));
-    EXPECT_EQ(0, full::convConfigDSCPPriority_DSCPPriority_configure_qos_remarking(now.remarking));
-    EXPECT_EQ(0, delta::convConfigDSCPPriority_DSCPPriority_configure_qos_remarking(now.remarking, standard.remarking));
-    EXPECT_EQ(0, full::PbitPriorityFunc_configure_qos_remarking());
-    EXPECT_EQ(0, delta::PbitPriorityFunc_configure_qos_remarking(now.remarking, standard.remarking));
-    EXPECT_EQ(0, full::convConfigVLANConfig_mid_sys_vlan_config_configure_qos(now.priority));
-    EXPECT_EQ(0, delta::convConfigVLANConfig_mid_sys_vlan_config_configure_qos(now.priority, standard.priority));
-    EXPECT_EQ(0, full::convConfigRateLimitConfig2_RateLimitConfig2_configure_interface_qos(now.rateLimits));
-    EXPECT_EQ(0, delta::convConfigRateLimitConfig2_RateLimitConfig2_configure_interface_qos(now.rateLimits,
-                                                                                            standard.rateLimits));
-    EXPECT_EQ(0, full::convConfigVLANConfig_VLANConfig_configure_interface_qos(now.priority));
-    EXPECT_EQ(0, delta::convConfigVLANConfig_VLANConfig_configure_interface_qos(now.priority, standard.priority));
-}
-
 TEST(Qos, Golden) {
     EXPECT_EQ(golden("qos_full.txt"), qosText(Mode::full));
     EXPECT_EQ(golden("qos_delta.txt"), qosText(Mode::delta));
-}
-
-TEST(Qos, BuiltInStore) {
-    const auto store = [](ConfigImage &current, ConfigImage &defaults) {
-        factory::composeRunning(current);
-        factory::composeDefault(defaults);
-    };
-    for (const char *step : {queues, remark, dscpEntries, priorityEntries, management, rates, userPriority})
-        for (const Mode mode : {Mode::full, Mode::delta}) EXPECT_NE("", textOfStep(mode, step, store)) << step;
 }

@@ -61,6 +61,10 @@ std::string letters(std::size_t width) {
     return text;
 }
 
+void PrintTo(const Row &row, std::ostream *out) {
+    *out << row.emitter << ", " << (row.mode == Mode::full ? "full" : "delta") << " mode: " << row.name;
+}
+
 std::string rowName(const testing::TestParamInfo<Row> &info) {
     std::string name = info.param.name;
     for (char &character : name)

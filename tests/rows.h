@@ -43,6 +43,9 @@ std::string printedBy(const std::function<void()> &body);
 /// A text of `width` characters without terminator: "abc…zabc…".
 std::string letters(std::size_t width);
 
+/// A failing row names its emitter.
+void PrintTo(const Row &row, std::ostream *out);
+
 class Rows : public testing::TestWithParam<Row> {};
 
 std::string rowName(const testing::TestParamInfo<Row> &info);

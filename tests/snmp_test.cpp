@@ -697,40 +697,6 @@ TEST(Snmp, EveryByteOfARecordCounts) {
     expectCounting(traps, given, 128244 - 4, 128284 + 4, {{128244, 128283, ""}});
 }
 
-TEST(Snmp, Traces) {
-    resetAll();
-    for (const Mode mode : {Mode::full, Mode::delta})
-        for (const char *step : {service, agent, destinations, traps}) {
-            gCfgDebug = 1;
-            EXPECT_EQ("[" + std::string(step) + "]\n", printedBy([=] { callStep(mode, step); }));
-            gCfgDebug = 0;
-            EXPECT_EQ("", printedBy([=] { callStep(mode, step); }));
-        }
-}
-
-TEST(Snmp, ReturnsZero) {
-    const auto allReturnZero = [] {
-        const ConfigImage &now = *gSysConfig;
-        const ConfigImage &then = *gDefConfig;
-        EXPECT_EQ(0, full::convConfigServiceConfig_mid_sys_service_cfg_configure_snmp_server(now.service));
-        EXPECT_EQ(0,
-                  delta::convConfigServiceConfig_mid_sys_service_cfg_configure_snmp_server(now.service, then.service));
-        EXPECT_EQ(0, full::convConfigAgent_Agent_configure_snmp_server(now.communities, then.communities));
-        EXPECT_EQ(0, delta::convConfigAgent_Agent_configure_snmp_server(now.communities, then.communities));
-        EXPECT_EQ(0, full::convConfigTrapDest_TrapDest_configure_snmp_server(now.trapDestinations));
-        EXPECT_EQ(
-            0, delta::convConfigTrapDest_TrapDest_configure_snmp_server(now.trapDestinations, then.trapDestinations));
-        EXPECT_EQ(0, full::convConfigTrapConfig_TrapConfig_configure_snmp_server(now.traps));
-        EXPECT_EQ(0, delta::convConfigTrapConfig_TrapConfig_configure_snmp_server(now.traps, then.traps));
-    };
-    resetAll();
-    allReturnZero(); // trap types as by default
-    gDefConfig->traps.warmStart = 1;
-    allReturnZero(); // one line for all trap types
-    gSysConfig->traps.coldStart = 1;
-    allReturnZero(); // a line a trap type
-}
-
 TEST(Snmp, Golden) {
     EXPECT_EQ(golden("snmp_full.txt"), snmpText(Mode::full, noHardware));
     EXPECT_EQ(golden("snmp_full_poe_battery.txt"), snmpText(Mode::full, poeBoard | batteryBoard));

@@ -651,29 +651,6 @@ TEST(Users, FirstBytesOfAnAccountCount) {
         expectCounting(users, given, at, at + 151, {{at, at + 103, ""}});
 }
 
-TEST(Users, Traces) {
-    resetAll();
-    for (const Mode mode : {Mode::full, Mode::delta})
-        for (const char *step : {users, encryption, radius, tacacs}) {
-            gCfgDebug = 1;
-            EXPECT_EQ("[" + std::string(step) + "]\n", printedBy([=] { callStep(mode, step); }));
-            gCfgDebug = 0;
-            EXPECT_EQ("", printedBy([=] { callStep(mode, step); }));
-        }
-}
-
-TEST(Users, ReturnsZero) {
-    resetAll();
-    EXPECT_EQ(0, full::convConfigUser_mid_userauth_index_configure_user(gSysConfig->users, gDefConfig->users));
-    EXPECT_EQ(0, delta::convConfigUser_mid_userauth_index_configure_user(gSysConfig->users, gDefConfig->users));
-    EXPECT_EQ(0, full::convConfigUser_PasswordEncryption_configure_user());
-    EXPECT_EQ(0, delta::convConfigUser_PasswordEncryption_configure_user());
-    EXPECT_EQ(0, full::convConfigRadiusInfo_RadiusInfo_configure_user(gSysConfig->radius));
-    EXPECT_EQ(0, delta::convConfigRadiusInfo_RadiusInfo_configure_user(gSysConfig->radius, gDefConfig->radius));
-    EXPECT_EQ(0, full::convConfigTacacsInfo_Tacacs_configure_user(gSysConfig->tacacs));
-    EXPECT_EQ(0, delta::convConfigTacacsInfo_Tacacs_configure_user(gSysConfig->tacacs, gDefConfig->tacacs));
-}
-
 TEST(Users, Golden) {
     EXPECT_EQ(golden("users_full.txt"), usersText(Mode::full, 0));
     EXPECT_EQ(golden("users_full_md5.txt"), usersText(Mode::full, 1));

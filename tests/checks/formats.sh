@@ -1,0 +1,102 @@
+#!/bin/bash
+# formats.sh COMPILER: a format that does not fit its arguments does not compile. Each line is an append of a file of
+# its own; the first ones must compile, so that the others are refused for their format and nothing else.
+. "$(dirname -- "${BASH_SOURCE[0]}")/common.sh"
+
+compiler=$1
+folder=$(mktemp -d) || exit 1
+trap 'rm -rf "$folder"' EXIT
+
+# compiles APPEND: whether a function of this one statement compiles, with what an emitter has at hand.
+compiles() {
+    cat >"$folder/format.cpp" <<CODE
+#include "app/text/text.h"
+#include "platform/image.h"
+void emit(const User &user, const AclRule &rule, const be32 &word, const char *text, const int *pointer, int number) {
+    static_cast<void>(user), static_cast<void>(rule), static_cast<void>(word), static_cast<void>(text);
+    static_cast<void>(pointer), static_cast<void>(number);
+    $1;
+}
+CODE
+    "$compiler" -std=c++20 -fsyntax-only -I"$root" "$folder/format.cpp" 2>"$folder/errors"
+}
+
+while IFS= read -r statement; do
+    [[ -n $statement ]] || continue
+    if ! compiles "$statement"; then
+        found "refused, though it fits: $statement"
+        cat "$folder/errors"
+    fi
+done <<'FITS'
+append("a\n")
+append("a %d\n", number)
+append("a %ld\n", word)
+append("a %02d\n", number)
+append("a %u %X %02X %02x\n", number, number, number, number)
+append("a %s\n", text)
+append("a %s %d\n", user.name, user.level)
+append("a %s\n", "b")
+append("a %02X:%02X:%02X:%02X:%02X:%02X\n", rule.sourceMac)
+append("a %d.%d.%d.%d\n", rule.source)
+FITS
+
+while IFS= read -r statement; do
+    [[ -n $statement ]] || continue
+    if compiles "$statement"; then
+        found "compiles, though it does not fit: $statement"
+    fi
+done <<'REFUSED'
+append("a %s\n", number)
+append("a %s\n", user.level)
+append("a %s\n", word)
+append("a %s\n", rule.source)
+append("a %d\n", text)
+append("a %d\n", user.name)
+append("a %ld\n", text)
+append("a %u\n", text)
+append("a %X\n", text)
+append("a %02X\n", text)
+append("a %02x\n", text)
+append("a %02d\n", text)
+append("a %d %d\n", number)
+append("a %d %s\n", number)
+append("a %d\n")
+append("a %s\n")
+append("a %02X:%02X:%02X:%02X:%02X\n", rule.sourceMac)
+append("a %02X:%02X:%02X:%02X:%02X:%02X:%02X\n", rule.sourceMac)
+append("a %d.%d.%d\n", rule.source)
+append("a %d\n", number, number)
+append("a %s\n", text, text)
+append("a\n", number)
+append("a\n", text)
+append("a %03d\n", number)
+append("a %3d\n", number)
+append("a %2d\n", number)
+append("a %x\n", number)
+append("a %i\n", number)
+append("a %c\n", number)
+append("a %lu\n", word)
+append("a %hd\n", number)
+append("a %08x\n", number)
+append("a %.3s\n", text)
+append("a %*d\n", number, number)
+append("a %n\n", pointer)
+append("a %p\n", pointer)
+append("a %%\n")
+append("a %%\n", number)
+append("a %% %d\n", number)
+append("a %")
+append("a %", number)
+append("a %0", number)
+append("a %d\n", pointer)
+append("a %s\n", pointer)
+append("a %d\n", &user)
+append("a %s\n", user)
+append("a %s\n", nullptr)
+append("a %d\n", 1.5)
+append("a %d\n", 1LL)
+append(text)
+append(text, number)
+REFUSED
+
+conclude
