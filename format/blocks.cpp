@@ -1,5 +1,7 @@
 #include "format/blocks.h"
 
+#include <utility>
+
 bool appendValueLine(std::uint32_t value, std::initializer_list<ValueLine> lines) {
     for (const ValueLine &row : lines) {
         if (row.value != value) continue;
@@ -19,6 +21,12 @@ void appendValueBlocks(Format<PortSet> head, const std::uint32_t *values, std::s
         append(row.line);
         append("exit\n");
     }
+}
+
+void PortGroups::sortByValue() {
+    for (std::size_t i = 1; i < count; ++i)
+        for (std::size_t j = i; j != 0 && groups[j].value < groups[j - 1].value; --j)
+            std::swap(groups[j], groups[j - 1]);
 }
 
 PortGroups groupsOf(const std::uint32_t *values, std::size_t ports, std::uint32_t marker) {

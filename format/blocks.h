@@ -38,6 +38,9 @@ struct PortGroups {
     PortGroup groups[portCount];
     std::size_t count = 0;
 
+    /// From the least value to the largest.
+    void sortByValue();
+
     const PortGroup *begin() const { return groups; }
     const PortGroup *end() const { return groups + count; }
 };

@@ -120,6 +120,11 @@ template <class Record> struct SectionLines {
         return SectionLines<std::remove_extent_t<Record>>{current[index], defaults[index], full};
     }
 
+    /// An element of the table, found by itself.
+    template <class Element> auto of(const Element &element) const {
+        return (*this)[static_cast<std::size_t>(&element - &current[0])];
+    }
+
     /// Whether the record is due as a whole: always in full mode, if a byte differs in delta mode.
     bool changed() const { return full || !sameBytes(current, defaults); }
     /// Whether the lines of `field` are due: always in full mode, on a difference in delta mode.

@@ -235,9 +235,8 @@ int delta::convConfigPortVLAN_mid_sys_vlan_portVlan_configure_interface_vlan_por
 /// A VLAN without a name has no block of its own; its ports name it. In delta mode any byte of the entry makes a
 /// change, those that are not written included.
 static int write(const SectionLines<TagVlanTable> &table) {
-    for (std::size_t i = 0; i < std::size(table.current); ++i) {
-        const TagVlan &vlan = table.current[i];
-        if (!isOn(vlan.inUse) || vlan.name.empty() || !table[i].changed()) continue;
+    for (const TagVlan &vlan : table.current) {
+        if (!isOn(vlan.inUse) || vlan.name.empty() || !table.of(vlan).changed()) continue;
         append("vlan dot1q-vlan %d\n", vlan.id);
         append("name %s\n", vlan.name);
         append("exit\n");
@@ -377,13 +376,13 @@ int delta::convConfigPortTrunkMode_PortTrunkMode_configure_channel_group(const D
 /// The ports of a key are in a list that ends with a blank, those of a role or of the on/off setting in one that does
 /// not.
 static int write(const SectionLines<LacpConfig> &lacp) {
-    const PortValues<portCount> keys = valuesOf(lacp.current.key);
-    const PortValues<portCount> defaultKeys = valuesOf(lacp.defaults.key);
-    for (std::uint32_t key = 0; key <= UINT8_MAX; ++key) {
-        const PortSet ports = portsWith(keys, key);
-        if (ports.empty() || (!lacp.full && ports == portsWith(defaultKeys, key))) continue;
-        append("interface %s \n", ports);
-        append("channel-group lacp key %d\n", key);
+    constexpr std::uint32_t noKey = UINT8_MAX + 1; // every port has a key
+    PortGroups keys = groupsOf(valuesOf(lacp.current.key), noKey);
+    keys.sortByValue();
+    for (const PortGroup &key : keys) {
+        if (!lacp.full && key.ports == portsWith(valuesOf(lacp.defaults.key), key.value)) continue;
+        append("interface %s \n", key.ports);
+        append("channel-group lacp key %d\n", key.value);
         append("exit\n");
     }
     if (lacp.due(&LacpConfig::role))

@@ -299,13 +299,14 @@ constexpr int lastVlan = 4094;
 int write(const SectionLines<IgmpVlans> &vlans) {
     for (int vlan = firstVlan; vlan <= lastVlan; ++vlan) {
         if (utilBitmapCheck(vlans.current.inUse.bytes, vlan) != 1) continue;
-        const SectionLines<IgmpVlan> igmp = vlans.part(&IgmpVlans::vlan)[static_cast<std::size_t>(vlan)];
-        if (igmp.due(&IgmpVlan::snooping)) {
-            if (isOn(igmp.current.snooping)) append("ip igmp snooping vlan %d\n", vlan);
+        const IgmpVlan &igmp = vlans.current.vlan[vlan];
+        const IgmpVlan &defaults = vlans.defaults.vlan[vlan];
+        if (vlans.full || igmp.snooping != defaults.snooping) {
+            if (isOn(igmp.snooping)) append("ip igmp snooping vlan %d\n", vlan);
             else append("no ip igmp snooping vlan %d\n", vlan);
         }
-        if (igmp.due(&IgmpVlan::querier)) {
-            if (isOn(igmp.current.querier)) append("ip igmp snooping vlan %d query\n", vlan);
+        if (vlans.full || igmp.querier != defaults.querier) {
+            if (isOn(igmp.querier)) append("ip igmp snooping vlan %d query\n", vlan);
             else append("no ip igmp snooping vlan %d query\n", vlan);
         }
     }

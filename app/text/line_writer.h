@@ -35,8 +35,13 @@ public:
 
     void putDecimal(std::uint32_t number) {
         char digits[10];
-        const char *const first = decimal(number, digits);
-        put(first, static_cast<std::size_t>(digits + sizeof digits - first));
+        const char *first = decimal(number, digits);
+        if (digits + sizeof digits - first > lineEnd() - end_) {
+            fits_ = false;
+            return;
+        }
+        do *end_++ = *first++;
+        while (first != digits + sizeof digits);
     }
 
     /// A run of neighbours in a list, from `first` to `last`, after `separator` unless that is NUL.
