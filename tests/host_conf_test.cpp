@@ -1,5 +1,6 @@
 /// The workstation stand-in: platform.conf, and the passwords that it settles.
 #include "host.h"
+#include "host_loads.h"
 #include "host_reads.h"
 
 #include "platform/host/store.h"
@@ -338,6 +339,48 @@ TEST_F(PasswordMd5, LeavesTheTextIfItCannotBeMade) {
               "textcfg: mapi_sys_userauth_password_md5_get: libcrypt makes no MD5 form of this password\n");
     EXPECT_EQ(std::string(md5, sizeof md5), std::string(sizeof md5, '\0'));
 }
+
+#ifndef TEXTCFG_CRYPT_LINKED
+
+TEST_F(PasswordMd5, LoadsLibcryptWhenItIsNeeded) {
+    const int before = libraryLoads.calls;
+    use();
+    put("platform.conf", "password_encryption=none\n");
+    {
+        const Open transaction;
+        EXPECT_EQ(mapi_sys_userauth_method_get(transaction.handle), 0);
+    }
+    EXPECT_EQ(libraryLoads.calls, before) << "no MD5 form, no libcrypt";
+    char md5[MAPI_PASSWORD_MD5_SIZE] = "";
+    EXPECT_EQ(mapi_sys_userauth_password_md5_get(-1, "admin", md5), 0);
+    EXPECT_GT(libraryLoads.calls, before);
+    EXPECT_EQ(libraryLoads.name, "libcrypt.so.1");
+}
+
+TEST_F(PasswordMd5, IsRefusedIfLibcryptCannotBeLoaded) {
+    use();
+    put("platform.conf", "password_encryption=md5\n");
+    for (const LibraryLoads::Failure failure : {LibraryLoads::Failure::library, LibraryLoads::Failure::function}) {
+        libraryLoads.failure = failure;
+        std::string said;
+        EXPECT_EQ(start(said), MAPI_NO_TRANSACTION);
+        EXPECT_EQ(said, about() + "mapi_start_transc: password_encryption=md5 is not possible: libcrypt.so.1 cannot be "
+                                  "loaded\n");
+        char md5[MAPI_PASSWORD_MD5_SIZE] = "";
+        CaptureStderr();
+        EXPECT_NE(mapi_sys_userauth_password_md5_get(-1, "admin", md5), 0);
+        EXPECT_EQ(GetCapturedStderr(), about() + "mapi_sys_userauth_password_md5_get: not possible: libcrypt.so.1 "
+                                                 "cannot be loaded\n");
+        EXPECT_EQ(md5[0], '\0');
+        libraryLoads.failure = LibraryLoads::Failure::none;
+    }
+    put("platform.conf", "password_encryption=none\n");
+    const int calls = libraryLoads.calls;
+    { const Open transaction; }
+    EXPECT_EQ(libraryLoads.calls, calls) << "what needs no libcrypt works without it";
+}
+
+#endif
 
 #else
 

@@ -78,13 +78,14 @@ bool currentConf(const char *operation, PlatformConf &conf) {
         return true;
     }
     if (!readPlatformConf(folder, conf)) return false;
-#ifndef TEXTCFG_HAS_CRYPT
-    if (conf.md5Passwords) {
-        refuse(operation, "password_encryption=md5 is not supported by this build, which has no libcrypt");
+    // Before anything is rendered: a text without the passwords would be taken for the whole.
+    const char *const problem = conf.md5Passwords ? passwordMd5Problem() : nullptr;
+    if (problem != nullptr) {
+        char why[96];
+        std::snprintf(why, sizeof why, "password_encryption=md5 is %s", problem);
+        refuse(operation, why);
         return false;
     }
-#endif
-    static_cast<void>(operation);
     return true;
 }
 

@@ -55,7 +55,7 @@ holds() {
     done < <(sed -n '/^\.Sh DIAGNOSTICS/,/^\.Sh SEE/ { s/""/\x01/g; s/^\.\(It\|Dq\|It Dq\) "\([^"]*\)".*/\2/p }' "$page" |
         tr '\1' '"' | grep ' ')
 }
-holds docs/textcfg.1 app/run.cpp platform/host/mapi.cpp platform/host/store.cpp
+holds docs/textcfg.1 app/run.cpp platform/host/mapi.cpp platform/host/password_md5.cpp platform/host/store.cpp
 holds docs/textcfg-store.1 platform/host/store_export.cpp
 
 # items_are PAGE MACRO WORD…: the words are the items of that kind in the page, and no others.
