@@ -40,8 +40,8 @@ struct Finding {
 };
 
 struct RuleOptions {
-    std::set<std::string_view> ignored; ///< names of rules
-    bool secrets = false;               ///< findings show secrets as they are
+    std::set<std::string_view> ignored = {}; ///< names of rules
+    bool secrets = false;                    ///< findings show secrets as they are
 };
 
 /// Calls `report` for each finding: the image first, then the board record, the settings of the platform and the text.
