@@ -121,7 +121,7 @@ template <class Record> struct SectionLines {
     }
 
     /// An element of the table, found by itself.
-    template <class Element> auto of(const Element &element) const {
+    template <class Element> auto elementOf(const Element &element) const {
         return (*this)[static_cast<std::size_t>(&element - &current[0])];
     }
 

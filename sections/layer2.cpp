@@ -236,7 +236,7 @@ int delta::convConfigPortVLAN_mid_sys_vlan_portVlan_configure_interface_vlan_por
 /// change, those that are not written included.
 static int write(const SectionLines<TagVlanTable> &table) {
     for (const TagVlan &vlan : table.current) {
-        if (!isOn(vlan.inUse) || vlan.name.empty() || !table.of(vlan).changed()) continue;
+        if (!isOn(vlan.inUse) || vlan.name.empty() || !table.elementOf(vlan).changed()) continue;
         append("vlan dot1q-vlan %d\n", vlan.id);
         append("name %s\n", vlan.name);
         append("exit\n");

@@ -1,10 +1,11 @@
 #!/bin/bash
-# script/mutate notices what the tests notice and tells the rest: tried on a tree of a few lines, whose tests have gaps.
+# script/mutate notices what the tests notice and tells the rest: tried on a tree of a few lines, whose tests
+# have gaps, below a folder with a blank in its name.
 . "$(dirname -- "${BASH_SOURCE[0]}")/common.sh"
 command -v python3 >/dev/null || give_up "there is no python3"
 
 make_scratch
-tree=$scratch/tree
+tree="$scratch/a tree"
 mkdir -p "$tree"/{sections,platform,tests/mutate} || exit 1
 cat >"$tree/CMakeLists.txt" <<'END'
 cmake_minimum_required(VERSION 3.25)
@@ -47,7 +48,7 @@ END
 cat >"$tree/tests/mutate/explained.txt" <<'END'
 # A reason may take several lines.
 sections/*.cpp swap: if (second ... first += 2; => first += 2;
-    What is added
+    equivalent: What is added
     is not returned there.
 END
 
@@ -55,10 +56,10 @@ END
 mutate() {
     local expected=$1 text=$2 status=0
     shift 2
-    python3 "$root/tests/mutate/mutate.py" --tree "$tree" --work "$scratch/work" "$@" >"$scratch/out" 2>&1 </dev/null ||
+    python3 "$root/tests/mutate/mutate.py" --tree "$tree" --work "$scratch/a work" "$@" >"$scratch/out" 2>&1 </dev/null ||
         status=$?
     ((status == expected)) || found "$*: status $status, not $expected"
-    diff <(printf '%s\n' "$text" | sort) <(grep -v '^building' "$scratch/out" | sed 's/; [0-9]* s$//' | sort) ||
+    diff <(printf '%s\n' "$text" | sort) <(grep -v '^building' "$scratch/out" | sed 's/; [0-9]* s, [0-9]* s of processor time$//' | sort) ||
         found "$*: not what was expected"
 }
 
@@ -93,9 +94,15 @@ unnoticed: sections/toy.cpp:5: comparison
 unnoticed: sections/toy.cpp:5: number
     - if (second < 4) return 1;
     + if (second < 5) return 1;"
+scores="\
+folder            changes          noticed       equivalent    other reasons        no reason
+platform                6       5  83.33 %       0   0.00 %       0   0.00 %       1  16.67 %
+sections               18      15  83.33 %       1   5.56 %       0   0.00 %       2  11.11 %
+all                    24      20  83.33 %       1   4.17 %       0   0.00 %       3  12.50 %"
 mutate 1 "\
 23 changes
 $unnoticed
+$scores
 23 changes, 3 unnoticed and not explained"
 
 # Only what is explained, and it still goes unnoticed.
@@ -104,14 +111,26 @@ mutate 0 "\
 1 changes, 0 noticed though explained" --explained
 
 # An explanation of a change that there is not.
-printf '%s\n' 'sections/toy.cpp drop: third' '    There is none.' >>"$tree/tests/mutate/explained.txt"
+printf '%s\n' 'sections/toy.cpp drop: third' '    accepted: There is none.' >>"$tree/tests/mutate/explained.txt"
 mutate 1 "\
 explained.txt:5: there is no such change: third
 23 changes
 $unnoticed
+$scores
 23 changes, 3 unnoticed and not explained"
+mutate 1 "\
+explained.txt:5: there is no such change: third
+1 explanations of changes that there are not" --stale
 
-# One without a reason is none.
+# One whose reason has no class, and one without a reason.
+cp "$tree/tests/mutate/explained.txt" "$scratch/kept"
+printf '%s\n' 'sections/toy.cpp drop: first' '    It is so.' >>"$tree/tests/mutate/explained.txt"
+mutate 2 "script/mutate: explained.txt:7: the reason has no class: one of equivalent, elsewhere, accepted"
+cp "$scratch/kept" "$tree/tests/mutate/explained.txt"
 echo 'sections/toy.cpp drop: second' >>"$tree/tests/mutate/explained.txt"
 mutate 2 "script/mutate: explained.txt:7: without a reason"
+
+# A file that is not there, and one that is not of the tree.
+mutate 2 "script/mutate: there is no file sections/none.cpp" sections/none.cpp
+mutate 2 "script/mutate: $scratch/kept is not of this tree" "$scratch/kept"
 conclude

@@ -10,6 +10,7 @@
 
 int main(int argc, char **argv) {
     if (argc != 2) return 2;
+    thorough = true;
     std::vector<std::filesystem::path> paths;
     for (const auto &entry : std::filesystem::directory_iterator(argv[1])) paths.push_back(entry.path());
     std::sort(paths.begin(), paths.end());

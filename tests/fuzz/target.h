@@ -12,6 +12,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
 /// Whether the inputs run so far have reached all that the target is there for. Prints what they have not.
 bool everythingReached();
 
+/// Whether an input is tried in every way that the target has, and not only one of some: a replay has the time.
+inline bool thorough = false;
+
 /// Ends the program unless `condition` holds, telling what was found instead.
 #define DEMAND(condition) ((condition) ? static_cast<void>(0) : demandFailed(__FILE__, __LINE__, #condition))
 

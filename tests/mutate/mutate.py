@@ -1,6 +1,7 @@
 """The work of script/mutate: makes the changes, builds and tests each, tells which went unnoticed."""
 import argparse
 import concurrent.futures
+import contextlib
 import fnmatch
 import os
 import random
@@ -10,12 +11,29 @@ import shutil
 import signal
 import subprocess
 import sys
+import tempfile
 import threading
 import time
 from pathlib import Path
 
-FILES = ["app/*.cpp", "app/*.h", "format/*.cpp", "format/*.h", "sections/*.cpp", "platform/image.h",
-         "platform/record.h", "platform/board.h"]
+FILES = ["app/**/*.cpp", "app/**/*.h", "format/*.cpp", "format/*.h", "sections/*.cpp", "sections/*.h", "platform/*.h",
+         "platform/host/*.cpp", "platform/host/*.h"]
+
+# What is linked from them and may notice a change: GoogleTest binaries, or a program with a check of its own.
+PROGRAMS = ["textcfg_tests", "textcfg_host_tests", "textcfg", "textcfg-store"]
+CHECKS = {"textcfg": "tests/checks/faults.sh"}
+NEVER_RUN = ["textcfg-store"]  # only compiled and linked: the tests of the stand-in call all of it
+
+# How a program that was built with many changes is told the number of the one that holds.
+VARIABLE = "TEXTCFG_CHANGE"
+CHOICE = f"""#include <cstdlib>
+extern "C" {{ __attribute__((weak)) int {VARIABLE}; }}
+__attribute__((constructor(101))) static void chooseChange() {{
+    const char *const number = std::getenv("{VARIABLE}");
+    if (number != nullptr) {VARIABLE} = std::atoi(number);
+}}
+"""
+TOGETHER = 150  # changes in one object, at most
 
 # What begins like that declares something: without it nothing compiles, and its place says nothing.
 DECLARATION = re.compile(r"(const|constexpr|constinit|inline|extern|auto|friend|using|template|struct|class|enum|"
@@ -25,9 +43,25 @@ NEVER_DROPPED = re.compile(r"default: break;|return 0;|[{}]")
 # The tests that are most likely to notice a change of a file; they run first. Others: those of the file's own name.
 LIKELY = {
     "app/drivers": ["drivers"], "app/order": ["drivers"], "app/images": ["run"], "app/main": ["run"],
-    "format/address": ["ip", "snmp", "users"], "format/blocks": ["port_list", "interface"],
-    "platform/image": ["record"], "platform/record": ["record"], "platform/board": ["record"],
+    "app/text/text": ["text", "system"], "format/address": ["ip", "snmp", "users"],
+    "format/blocks": ["port_list", "interface"],
+    "platform/image": ["record"], "platform/record": ["record", "bytes"], "platform/board": ["record"],
+    "platform/mapi": ["host", "run"], "platform/util": ["host", "ip"],
+    "platform/host/factory": ["factory", "whole"], "platform/host/mapi": ["host"], "platform/host/store": ["host"],
+    "platform/host/store_export": ["host"], "platform/host/util": ["host", "ip", "port_list"],
+    "app/header": ["drivers"], "app/verbs": ["run"], "app/text/line_format": ["text", "system"],
+    "app/text/line_writer": ["text", "port_list"], "app/text/trace": ["text"],
     "sections/interface": ["interface", "poe"],
+}
+
+# The sources that say most of a header; they are compiled with a change of it before the others. Others: that of the
+# header's own name.
+NEAR = {
+    "app/order": ["app/drivers.cpp"], "app/verbs": ["app/run.cpp"],
+    "app/text/line_format": ["app/text/text.cpp", "sections/system.cpp"],
+    "app/text/line_writer": ["app/text/text.cpp"], "app/text/text": ["app/text/text.cpp", "sections/system.cpp"],
+    "format/blocks": ["sections/interface.cpp"], "platform/image": ["sections/layer2.cpp"],
+    "platform/record": ["sections/system.cpp"], "platform/board": ["app/header.cpp"],
 }
 
 
@@ -178,8 +212,10 @@ def changes(text):
             yield match.end() - 3, match.end() - 1, "", "newline"
 
     for match in re.finditer(r"(?<![\w.'])(0x[0-9a-fA-F]+|[0-9]+)(?=[uUlL]*(?!\w))", code):
-        number = int(match.group(), 0)
-        form = "0x%X" if match.group().startswith("0x") else "%d"
+        digits = match.group()
+        octal = len(digits) > 1 and digits[0] == "0" and digits.isdigit()
+        number = int(digits, 8 if octal else 0)
+        form = "0x%X" if digits.startswith("0x") else "0%o" if octal else "%d"
         yield *match.span(), form % (number + 1), "number"
         if number > 0:
             yield *match.span(), form % (number - 1), "number"
@@ -261,10 +297,11 @@ def limits():
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
 
 
-def passes(command, directory, seconds):
+def passes(command, directory, seconds, environment=None):
     """Whether a command ends with status 0 in that time. What it started ends with it."""
     process = subprocess.Popen(command, cwd=directory, shell=isinstance(command, str), stdin=subprocess.DEVNULL,
-                               stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, preexec_fn=limits)
+                               stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, preexec_fn=limits,
+                               env=environment)
     try:
         return process.wait(seconds) == 0
     except subprocess.TimeoutExpired:
@@ -273,6 +310,14 @@ def passes(command, directory, seconds):
         if process.returncode is None:
             os.killpg(process.pid, signal.SIGKILL)
             process.wait()
+
+
+class Program:
+    """Something that is linked from the program's objects and run, and that may notice a change."""
+
+    def __init__(self, name, link, binary, sources):
+        self.name, self.link, self.binary, self.sources = name, link, binary, sources
+        self.suites, self.alone, self.seconds = {}, [], 300
 
 
 class Build:
@@ -284,12 +329,18 @@ class Build:
         # With the library's assertions, so that an index beside a table is noticed.
         self.run("cmake", "-S", self.copy, "-B", self.binary, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
                  "-DCMAKE_CXX_FLAGS_DEBUG=-O0 -D_GLIBCXX_ASSERTIONS", "-DTEXTCFG_TESTS=ON")
-        self.run("ninja", "-C", self.binary, "textcfg_tests")
-        self.read_commands()
-        self.find_suites()
-        self.find_linker()
-        if not passes([str(self.tests), "--gtest_brief=1"], work, 300):
-            raise Failure("the tests fail as it is: " + str(self.tests))
+        known = self.run("ninja", "-C", self.binary, "-t", "targets", "all")
+        names = [name for name in PROGRAMS if re.search(rf"(?m)^{re.escape(name)}: ", known)]
+        self.run("ninja", "-C", self.binary, *names)
+        self.objects = {}  # of each source: object, command
+        self.programs = [self.read_program(name) for name in names]
+        self.read_users()
+        self.lock, self.headers_lock, self.headers = threading.Lock(), threading.Lock(), {}
+        for program in self.programs:
+            began = time.time()
+            if not self.passes_all(program, program.binary, [], 0):
+                raise Failure(f"the tests fail as it is: {program.binary}")
+            program.seconds = 20 + 10 * (time.time() - began)
 
     def run(self, *command):
         result = subprocess.run([str(word) for word in command], stdin=subprocess.DEVNULL, text=True,
@@ -317,21 +368,39 @@ class Build:
             if path.is_file() and path.relative_to(self.copy) not in wanted:
                 path.unlink()
 
-    def read_commands(self):
-        lines = self.run("ninja", "-C", self.binary, "-t", "commands", "textcfg_tests").splitlines()
+    def read_program(self, name):
+        lines = self.run("ninja", "-C", self.binary, "-t", "commands", name).splitlines()
         lines = [line for line in lines if not line.startswith("ninja:")]
-        self.link = lines[-1]
-        self.tests = self.binary / re.search(r" -o (\S*textcfg_tests)\b", self.link).group(1)
-        self.objects = {}  # of each source of the test binary: object, command
-        linked = set(re.findall(r"\S+\.o\b", self.link))
+        link = lines[-1]
+        binary = self.binary / re.search(rf" -o (\S*{re.escape(name)})(?= )", link).group(1)
+        sources = []
         for line in lines:
             match = re.search(r" -o (\S+\.o) -c (\S+)$", line)
-            if match and match.group(1) in linked:
+            if match and Path(match.group(2)).is_relative_to(self.copy):
                 source = Path(match.group(2)).relative_to(self.copy).as_posix()
-                self.objects[source] = match.group(1), line
-        self.users = {}  # of each file of the tree: the sources that include it
-        source = None
+                self.objects.setdefault(source, (match.group(1), line))
+                sources.append(source)
+        faster = link.replace(" -o ", " -fuse-ld=lld -fno-use-linker-plugin -Wl,--threads=1 -o ", 1)
+        if shutil.which("ld.lld") and passes(faster, self.binary, 100):
+            link = faster
+        program = Program(name, link, binary, sources)
+        for source in sources:  # which filter chooses the tests of a source
+            if not source.endswith("_test.cpp"):
+                continue
+            text = (self.copy / source).read_text()
+            suites = [f"{name}.*" for name in re.findall(r"(?m)^TEST(?:_F)?\((\w+)", text)]
+            suites += [f"*/{name}.*" for name in re.findall(r"(?m)^TEST_P\((\w+)", text)]
+            suites += [f"{name}/*" for name in re.findall(r"(?m)^ROWS\((\w+)", text)]
+            program.suites[source] = sorted(set(suites))
+            if '"/tmp/config"' in text:  # they share the default output file: one at a time
+                program.alone += program.suites[source]
+        return program
+
+    def read_users(self):
+        """Of each file of the tree, the sources that include it or are it."""
+        self.users = {source: [source] for source in self.objects}
         places = {place: source for source, (place, _) in self.objects.items()}
+        source = None
         for line in self.run("ninja", "-C", self.binary, "-t", "deps").splitlines():
             match = re.match(r"(\S+): #deps", line)
             if match:
@@ -339,121 +408,351 @@ class Build:
             elif source and line.startswith("    "):
                 path = Path(os.path.normpath(self.binary / line.strip()))
                 if path.is_relative_to(self.copy):
-                    self.users.setdefault(path.relative_to(self.copy).as_posix(), []).append(source)
-
-    def find_suites(self):
-        """Which filter chooses the tests of a source."""
-        self.suites, self.alone = {}, []
-        for source in self.objects:
-            if not source.endswith("_test.cpp"):
-                continue
-            text = (self.copy / source).read_text()
-            suites = [f"{name}.*" for name in re.findall(r"(?m)^TEST(?:_F)?\((\w+)", text)]
-            suites += [f"*/{name}.*" for name in re.findall(r"(?m)^TEST_P\((\w+)", text)]
-            suites += [f"{name}/*" for name in re.findall(r"(?m)^ROWS\((\w+)", text)]
-            self.suites[source] = sorted(set(suites))
-            if '"/tmp/config"' in text:  # they share the default output file: one at a time
-                self.alone += self.suites[source]
-        self.lock = threading.Lock()
-
-    def find_linker(self):
-        faster = self.link.replace(" -o ", " -fuse-ld=lld -fno-use-linker-plugin -Wl,--threads=1 -o ", 1)
-        if shutil.which("ld.lld") and passes(faster, self.binary, 100):
-            self.link = faster
+                    users = self.users.setdefault(path.relative_to(self.copy).as_posix(), [])
+                    if source not in users:
+                        users.append(source)
 
     def likely(self, file):
         stem = file.rsplit(".", 1)[0]
         names = LIKELY.get(stem, [Path(stem).name])
-        return [source for source in (f"tests/{name}_test.cpp" for name in names) if source in self.suites]
+        return [f"tests/{name}_test.cpp" for name in names]
+
+    # --------------------------------------------------------------------------------------------- one change by itself
 
     def notices(self, mutant, scratch):
         """Whether the compiler or a test notices the change. `scratch` is a folder of its own."""
         text = (self.copy / mutant.file).read_text()
-        overlay = scratch / "include"
-        shutil.rmtree(scratch, ignore_errors=True)
-        changed = overlay / mutant.file
-        changed.parent.mkdir(parents=True)
-        changed.write_text(text[:mutant.start] + mutant.new + text[mutant.end:])
+        return self.notices_text(mutant.file, text[:mutant.start] + mutant.new + text[mutant.end:], scratch)
 
-        likely = self.likely(mutant.file)
-        link = self.link
-        if mutant.file in self.objects:
-            link = self.compile([mutant.file], link, overlay, scratch)
-            return link is None or not self.survives(link, likely, scratch)
-
-        # A header. Most that does not compile is noticed by it alone.
-        users = sorted(self.users.get(mutant.file, []))
+    def notices_text(self, file, text, scratch):
+        overlay = self.overlay(file, text, scratch)
+        users = sorted(self.users.get(file, []))
         if not users:
             return False
-        command = re.sub(r" -o .*", "", self.objects[users[0]][1])
-        command = command.replace(" -I", f" -I{overlay} -I", 1)
-        command = re.sub(r" -M[DTF] ?\S*\.(?:o\.d|o)\b", "", command).replace(" -MD", "")
+        if file in self.objects:
+            objects = self.compile([file], overlay, scratch)
+            return objects is None or not self.survives(file, objects, scratch)
+
+        # A header. Most that does not compile is noticed by it alone, and most else by a few of its users, which are
+        # compiled first. Their objects go in front, so that their inline functions are the ones taken.
+        changed = overlay / file
+        command = self.command(users[0], overlay, changed, None)
         if not passes(f"{command} -w -fsyntax-only -x c++ {changed}", self.binary, 100):
             return True
-        # Tests compose records and write nothing else by themselves: only where the record has changed they have to be
-        # compiled anew, which takes long, so that those of the record alone come first.
         tests = [source for source in users if source.endswith("_test.cpp")]
-        link = self.compile([source for source in tests if source in likely], link, overlay, scratch)
-        if link is None:
-            return True
-        others = [source for source in users if source not in likely]
-        if mutant.file.startswith("platform/"):
-            if not self.survives(self.with_first(link, scratch), likely, scratch, others_too=False):
+        # Tests compose records and write nothing else by themselves: only where the record has changed they have to be
+        # compiled anew.
+        product = [source for source in users if source not in tests]
+        likely = [source for source in self.likely(file) if source in tests]
+        stem = file.rsplit(".", 1)[0]
+        near = [source for source in NEAR.get(stem, [stem + ".cpp"]) if source in users] or product[:1]
+        stages = [near, product + likely]
+        if file.startswith("platform/"):
+            stages = [near + likely, product, tests]
+        objects = {}
+        for number, stage in enumerate(stages):
+            more = self.compile([source for source in stage if source not in objects], overlay, scratch)
+            if more is None:
                 return True
-        else:
-            others = [source for source in others if source not in tests]
-        link = self.compile(others, link, overlay, scratch)
-        return link is None or not self.survives(link, likely, scratch)
+            objects = {**objects, **more}
+            # Between the stages only the tests of the file itself, as what is linked is partly old.
+            last = number + 1 == len(stages)
+            if not self.survives(file, objects, scratch, others_too=last, in_front=not last):
+                return True
+        return False
 
     @staticmethod
-    def with_first(link, scratch):
-        """The link command with what was compiled anew in front, so that its inline functions are the ones taken."""
-        anew = re.findall(rf" {re.escape(str(scratch))}/\S+\.o(?= )", link)
-        for place in anew:
-            link = link.replace(place, "", 1)
-        return re.sub(r"(?= \S+\.o )", "".join(anew), link, count=1)
+    def overlay(file, text, scratch):
+        shutil.rmtree(scratch, ignore_errors=True)
+        changed = scratch / "include" / file
+        changed.parent.mkdir(parents=True)
+        changed.write_text(text)
+        return scratch / "include"
 
-    def compile(self, sources, link, overlay, scratch):
-        """Compiles the sources with the changed file. Returns the link command with their objects; None if it fails."""
-        for number, source in enumerate(sources):
-            place, command = self.objects[source]
+    def command(self, source, overlay, text, new):
+        command = re.sub(r" -MD -MT \S+ -MF \S+", "", self.objects[source][1])
+        command = re.sub(r" -o \S+ -c \S+$", "", command)
+        command = command.replace(" -I", f" -I{overlay} -I", 1)
+        return command if new is None else f"{command} -Werror=return-type -o {new} -c {text}"
+
+    def precompiled(self, source):
+        """What a source includes at its top, compiled once; None if that does not work."""
+        with self.headers_lock:
+            if source in self.headers:
+                return self.headers[source]
+            self.headers[source] = None
+            lines = [line for line in (self.copy / source).read_text().splitlines() if line.startswith("#include")]
+            place = self.binary / "headers" / (source.replace("/", "-") + ".h")
+            place.parent.mkdir(exist_ok=True)
+            place.write_text("\n".join(lines) + "\n")
+            command = re.sub(r" -MD -MT \S+ -MF \S+", "", self.objects[source][1])
+            command = re.sub(r" -o \S+ -c \S+$", "", command)
+            # A header that may not be read twice is left as it is.
+            if passes(f"{command} -x c++-header {place} -o {place}.gch", self.binary, 100) and \
+                    passes(f"{command} -include {place} -fsyntax-only {self.copy / source}", self.binary, 100):
+                self.headers[source] = place
+            return self.headers[source]
+
+    def compile(self, sources, overlay, scratch):
+        """Compiles the sources with the changed file. Returns the objects by source; None if it fails."""
+        objects = {}
+        for source in sources:
             new = scratch / (source.replace("/", "-") + ".o")
-            text = overlay / source if (overlay / source).exists() else self.copy / source
-            command = re.sub(r" -MD -MT \S+ -MF \S+", "", command)
-            command = re.sub(r" -o \S+ -c \S+$", f" -Werror=return-type -o {new} -c {text}", command)
-            command = command.replace(" -I", f" -I{overlay} -I", 1)
+            own = overlay / source
+            command = self.command(source, overlay, own if own.exists() else self.copy / source, new)
+            header = self.precompiled(source) if own.exists() else None
+            if header:
+                command += f" -include {header}"
             if not passes(command, self.binary, 200):
                 return None
-            link = link.replace(" " + place + " ", f" {new} ", 1)
-        return link
+            objects[source] = new
+        return objects
 
-    def survives(self, link, likely, scratch, others_too=True):
-        tests = scratch / "tests"
-        if not passes(re.sub(r" -o \S+", f" -o {tests}", link), self.binary, 200):
-            return False
-        first = [suite for source in likely for suite in self.suites[source]]
-        if first and not self.run_tests(tests, ":".join(first), any(suite in self.alone for suite in first)):
+    def link(self, program, objects, binary, in_front=False):
+        """Links a program with these objects in place of its own. False if that fails, None if it has none of them."""
+        link, used = program.link, False
+        for source, new in objects.items():
+            if source not in program.sources:
+                continue
+            used = True
+            place = self.objects[source][0]
+            if f" {place} " in link and not in_front:
+                link = link.replace(f" {place} ", f" {new} ", 1)
+            else:  # of an archive, whose own is then not taken; or to be taken before others
+                link = re.sub(r"(?= \S+\.o )", lambda _: f" {new}", link.replace(f" {place} ", " ", 1), count=1)
+        if not used:
+            return None
+        return passes(re.sub(r" -o \S+", f" -o {binary}", link), self.binary, 200)
+
+    def survives(self, file, objects, scratch, others_too=True, in_front=False):
+        for program in self.programs_for(file):
+            binary = scratch / program.name
+            linked = self.link(program, objects, binary, in_front)
+            if linked is None:
+                continue
+            if not linked or not self.passes_all(program, binary, self.likely(file), 0, others_too):
+                return False
+        return True
+
+    def programs_for(self, file):
+        """In the order in which they are likely to notice. The check of faults takes long, and says little of texts."""
+        chosen = [program for program in self.programs
+                  if program.name != "textcfg" or
+                  file.startswith(("platform/host/mapi", "platform/host/store", "app/main", "app/run"))]
+        tests = [source for source in self.likely(file)]
+        return sorted(chosen, key=lambda program: not any(source in program.suites for source in tests))
+
+    def passes_all(self, program, binary, likely, chosen, others_too=True):
+        """Runs a program's tests; `chosen` is the number of the change that holds, of those that it was built with."""
+        environment = {**os.environ, VARIABLE: str(chosen)}
+        if program.name in NEVER_RUN:
+            return True
+        if not program.suites:
+            check = self.copy / CHECKS.get(program.name, "")
+            command = ["bash", str(check), str(binary)] if check.is_file() else [str(binary)]
+            return not others_too or passes(command, binary.parent, program.seconds, environment)
+        first = [suite for source in likely for suite in program.suites.get(source, [])]
+
+        def run(suites, alone):
+            command = [str(binary), "--gtest_fail_fast", "--gtest_brief=1", "--gtest_filter=" + suites]
+            if not alone:
+                return passes(command, binary.parent, program.seconds, environment)
+            with self.lock:
+                return passes(command, binary.parent, program.seconds, environment)
+
+        if first and not run(":".join(first), any(suite in program.alone for suite in first)):
             return False
         if not others_too:
             return True
-        if not self.run_tests(tests, "*-" + ":".join(first + self.alone), False):
+        if not run("*-" + ":".join(first + program.alone), False):
             return False
-        rest = [suite for suite in self.alone if suite not in first]
-        return not rest or self.run_tests(tests, ":".join(rest), True)
+        rest = [suite for suite in program.alone if suite not in first]
+        return not rest or run(":".join(rest), True)
 
-    def run_tests(self, tests, suites, alone):
-        command = [str(tests), "--gtest_fail_fast", "--gtest_brief=1", "--gtest_filter=" + suites]
-        if not alone:
-            return passes(command, tests.parent, 60)
-        with self.lock:
-            return passes(command, tests.parent, 60)
+    # --------------------------------------------------------------------------------------------- many changes at once
+
+    def judge_together(self, file, mutants, scratch):
+        """Yields whether each of these changes is noticed. They are compiled together, each one chosen when it runs."""
+        text = (self.copy / file).read_text()
+        left, alone, programs = list(mutants), [], []
+        users = [source for source in sorted(self.users.get(file, [])) if not source.endswith("_test.cpp")]
+        for _ in range(6):
+            if len(left) < 2:
+                break
+            overlay = self.overlay(file, together(text, left), scratch)
+            failed = self.broken(file, users, overlay)
+            if not failed:
+                objects = self.compile(users, overlay, scratch)
+                for program in self.programs_for(file) if objects else []:
+                    binary = scratch / program.name
+                    linked = self.link(program, objects, binary)
+                    if linked and program.suites:  # what has none takes long, and is for what is tried by itself
+                        programs.append((program, binary))
+                # The unchanged program must pass: choosing does no harm.
+                if any(not self.passes_all(*program, self.likely(file), 0, False) for program in programs):
+                    programs = []
+                break
+            if failed == {None}:
+                break
+            alone += [left[number] for number in failed]
+            left = [mutant for number, mutant in enumerate(left) if number not in failed]
+        if not programs:
+            left, alone = [], list(mutants)
+        for number, mutant in enumerate(left, 1):
+            noticed = any(not self.passes_all(*program, self.likely(file), number) for program in programs)
+            # What nobody noticed is tried once more by itself, as the compiler may have something to say.
+            if not noticed:
+                alone.append(mutant)
+            else:
+                yield mutant, True
+        apart = scratch.with_name(scratch.name + "-alone")
+        for mutant in alone:
+            yield mutant, self.notices(mutant, apart)
+
+    def broken(self, file, users, overlay):
+        """The numbers of the changes that the compiler complains about."""
+        found = set()
+        for source in users[:3]:
+            command = self.command(source, overlay, "", None)
+            header = self.precompiled(source) if source == file else None
+            own = overlay / source if (overlay / source).exists() else self.copy / source
+            command += (f" -include {header}" if header else "") + f" -w -fsyntax-only -fmax-errors=0 {own}"
+            result = subprocess.run(command, shell=True, cwd=self.binary, stdin=subprocess.DEVNULL, text=True,
+                                    stdout=subprocess.DEVNULL, stderr=subprocess.PIPE)
+            if result.returncode == 0:
+                continue
+            lines = (overlay / file).read_text().splitlines()
+            of_line, number = {}, None
+            for place, line in enumerate(lines, 1):
+                begin = re.search(r"/\*CHANGE (\d+)\*/", line)
+                number = int(begin.group(1)) if begin else number
+                of_line[place] = number
+                number = None if "/*END*/" in line else number
+            for place in re.findall(rf"{re.escape(str(overlay / file))}:(\d+)", result.stderr):
+                if of_line.get(int(place)) is not None:
+                    found.add(of_line[int(place)] - 1)
+            found = found or {None}
+        return found
+
+
+# ----------------------------------------------------------------------------------------- changes that share an object
+
+DECLARED = re.compile(r"[\w:]+(<[^;()=]*>)?(::\w+)?[ *&]+\w|(const )?auto\b")
+INITIAL = re.compile(r"[^=({\[]*[^=!<>({\[+\-*/|& ] = (?![{\[])")
+BEGINS_STATEMENT = re.compile(r"(return|if|for|while|switch|do|break|continue)\b")
+NO_STATEMENT = re.compile(r"(case|default|else|using|static_assert|goto|static|constexpr|constinit|struct|enum|class|"
+                          r"template|extern)\b")
+
+
+def regions(text):
+    """Statements of functions that can stand in an `if`, and initial values that can stand in a `?:`, as (start, end,
+    start of the value, its end), the last two None for a statement. None of what runs when it is compiled."""
+    code = blanked(text)
+    candidates = {start: end for start, end, _ in units(code)}
+    opened, in_function = [], set()  # opened: True for a block of statements, None for what may run when it is compiled
+    for i, character in enumerate(code):
+        if i in candidates and opened and opened[-1]:
+            in_function.add(i)
+        if character == "{":
+            before = code[:i].rstrip()
+            head = before[max(before.rfind(end) for end in ";}{") + 1:]
+            head = re.split(r"\n(?=\S)", head)[-1]
+            constant = re.search(r"\b(constexpr|consteval|constinit)\b", head) or (opened and opened[-1] is None)
+            block = re.search(r"(\)( const)?( noexcept)?|\]|\belse|\bdo)$", before) is not None
+            opened.append(None if constant else block)
+        elif character == "}" and opened:
+            opened.pop()
+    found = []
+    for start in sorted(in_function):
+        end = candidates[start]
+        statement = code[start:end]
+        if statement[-1] not in ";}" or code[end:].lstrip().startswith("else") or NO_STATEMENT.match(statement):
+            continue
+        if BEGINS_STATEMENT.match(statement) or not DECLARED.match(statement):
+            found.append((start, end, None, None))
+        elif (value := INITIAL.match(statement)) and statement[-1] == ";":
+            found.append((start, end, start + value.end(), end - 1))
+    return found
+
+
+def crosses(one, other):
+    return one[0] < other[0] < one[1] < other[1] or other[0] < one[0] < other[1] < one[1]
+
+
+def shared(text, mutants):
+    """Splits changes: groups of which each can be compiled together, and those that have to be compiled alone."""
+    found = regions(text)
+    begins = {region[0] for region in found if region[2] is None}
+    ends = {region[1] for region in found if region[2] is None}
+    groups, alone = [], []
+    for mutant in mutants:
+        mutant.alone = False
+        around = [region for region in found if region[0] <= mutant.start and mutant.end <= region[1] and
+                  (region[2] is None or (region[2] <= mutant.start and mutant.end <= region[3]))]
+        mutant.region = min(around, key=lambda region: region[1] - region[0], default=None)
+        if mutant.kind == "swap" and mutant.start in begins and mutant.end in ends:
+            mutant.region = (mutant.start, mutant.end, None, None)
+        # That a function ends without a value is the compiler's to notice.
+        returns = mutant.kind == "drop" and text.startswith("return", mutant.start)
+        if mutant.region is None or returns:
+            alone.append(mutant)
+            continue
+        for group in groups:
+            if len(group) < TOGETHER and not any(crosses(mutant.region, other.region) for other in group):
+                group.append(mutant)
+                break
+        else:
+            groups.append([mutant])
+    alone += [group[0] for group in groups if len(group) == 1]
+    for mutant in alone:
+        mutant.alone = True
+    return [group for group in groups if len(group) > 1], alone
+
+
+def together(text, mutants):
+    """The text with all of these changes, chosen by number when it runs; they count from 1."""
+    by_region = {}
+    for number, mutant in enumerate(mutants, 1):
+        by_region.setdefault(mutant.region, []).append((number, mutant))
+
+    def written(first, last, outer):
+        inside = [region for region in by_region if region != outer and first <= region[0] and region[1] <= last]
+        inside = [region for region in inside
+                  if not any(other != region and other[0] <= region[0] and region[1] <= other[1] for other in inside)]
+        parts, at = [], first
+        for region in sorted(inside):
+            parts += [text[at:region[0]], wrapped(region)]
+            at = region[1]
+        return "".join(parts) + text[at:last]
+
+    def wrapped(region):
+        start, end, value, value_end = region
+        if value is not None:
+            parts = [text[start:value], "("]
+            for number, mutant in by_region[region]:
+                changed = text[value:mutant.start] + mutant.new + text[mutant.end:value_end]
+                parts.append(f"\n/*CHANGE {number}*/ {VARIABLE} == {number} ? {changed} : /*END*/\n")
+            return "".join(parts) + text[value:value_end] + ")" + text[value_end:end]
+        parts = []
+        for number, mutant in by_region[region]:
+            changed = text[start:mutant.start] + mutant.new + text[mutant.end:end]
+            parts.append(f"\n/*CHANGE {number}*/ if ({VARIABLE} == {number}) {{ {changed} /*END*/\n}} else ")
+        return "".join(parts) + "{ " + written(start, end, region) + " }"
+
+    return CHOICE + written(0, len(text), None)
 
 
 # --------------------------------------------------------------------------------------------------------- explanations
 
+# What a reason begins with. equivalent: nothing that the program does changes. elsewhere: a check that is not run here
+# notices. accepted: what changes matters to nobody.
+TYPES = ["equivalent", "elsewhere", "accepted"]
+
+
 class Explanation:
     def __init__(self, where, file, kind, part, reason):
         self.where, self.file, self.kind, self.part, self.reason = where, file, kind, part, reason
+        self.type = None
         self.pattern = re.compile(".*".join(re.escape(piece) for piece in part.split("...")))
         self.mutants = 0
 
@@ -463,7 +762,7 @@ class Explanation:
 
 
 def read_explanations(path):
-    """Lines of `FILE KIND: beginning of "old => new"`, with the indented reason below."""
+    """Lines of `FILE KIND: beginning of "old => new"`, with the class and the reason below, indented."""
     found, heads = [], []
     if not path.exists():
         return found
@@ -484,6 +783,9 @@ def read_explanations(path):
     for explanation in found:
         if not explanation.reason:
             raise Failure(f"{explanation.where}: without a reason")
+        explanation.type, colon, reason = explanation.reason.partition(": ")
+        if explanation.type not in TYPES or not reason:
+            raise Failure(f"{explanation.where}: the reason has no class: one of {', '.join(TYPES)}")
     return found
 
 
@@ -501,6 +803,8 @@ def chosen_files(tree, words):
         if not path.is_file():
             raise Failure(f"there is no file {name}")
         lines = (int(first), int(last or first)) if first else None
+        if not path.resolve().is_relative_to(tree):
+            raise Failure(f"{name} is not of this tree")
         found.append((path.resolve().relative_to(tree).as_posix(), lines))
     return found
 
@@ -511,6 +815,7 @@ def main():
     parser.add_argument("--work", type=Path, required=True, help=argparse.SUPPRESS)
     parser.add_argument("--list", action="store_true", help="list the changes, make none")
     parser.add_argument("--explained", action="store_true", help="only what is explained: list what a test notices")
+    parser.add_argument("--stale", action="store_true", help="only list the explanations that no change fits")
     parser.add_argument("--sample", type=int, metavar="N", help="N of the changes, at random")
     parser.add_argument("--seed", type=int, default=1, help="of the sample")
     parser.add_argument("--jobs", type=int, default=2, help="so many at a time")
@@ -518,78 +823,138 @@ def main():
     options = parser.parse_args()
     tree, work = options.tree.resolve(), options.work.resolve()
 
-    mutants = []
+    mutants, texts = [], {}
     for file, lines in chosen_files(tree, options.files):
-        of_file = mutants_of(file, (tree / file).read_text())
+        texts[file] = (tree / file).read_text()
+        of_file = mutants_of(file, texts[file])
         mutants += [mutant for mutant in of_file if not lines or lines[0] <= mutant.line <= lines[1]]
     explanations = read_explanations(tree / "tests/mutate/explained.txt")
-    explained = []
+    explained, types = [], {}
     for mutant in mutants:
         reasons = [explanation for explanation in explanations if explanation.fits(mutant)]
         for explanation in reasons:
             explanation.mutants += 1
         if reasons:
             explained.append(mutant)
+            types[mutant] = reasons[0].type
     findings, stale = 0, 0
     for explanation in explanations if not options.files else []:
         if explanation.mutants == 0:
             print(f"{explanation.where}: there is no such change: {explanation.part}")
             stale += 1
-    if options.explained:
-        mutants = explained
-    else:
-        mutants = [mutant for mutant in mutants if mutant not in explained]
-    if options.sample is not None and options.sample < len(mutants):
-        chosen = set(random.Random(options.seed).sample(range(len(mutants)), options.sample))
-        mutants = [mutant for number, mutant in enumerate(mutants) if number in chosen]
+    if options.stale:
+        print(f"{stale} explanations of changes that there are not")
+        return 1 if stale else 0
+    tried = explained if options.explained else [mutant for mutant in mutants if mutant not in types]
+    if options.sample is not None and options.sample < len(tried):
+        chosen = set(random.Random(options.seed).sample(range(len(tried)), options.sample))
+        tried = [mutant for number, mutant in enumerate(tried) if number in chosen]
     if options.list:
-        for mutant in mutants:
+        for mutant in tried:
             print(mutant)
-        print(f"{len(mutants)} changes, and {len(explained)} that are explained")
+        print(f"{len(tried)} changes, and {len(explained)} that are explained")
         return 0
 
     work.mkdir(parents=True, exist_ok=True)
     print(f"building in {work}", flush=True)
-    build = Build(tree, work)
-    print(f"{len(mutants)} changes", flush=True)
-    began = time.time()
-    places, ended = list(range(options.jobs)), 0
-    guard = threading.Lock()
+    with path_without_blanks(work) as place:
+        unnoticed = try_all(Build(tree, place), tried, texts, options, place)
+    findings = len(tried) - len(unnoticed) if options.explained else len(unnoticed)
+    if not options.explained and options.sample is None:
+        print_scores(mutants, types, unnoticed)
+    told = "noticed though explained" if options.explained else "unnoticed and not explained"
+    used = resource.getrusage(resource.RUSAGE_CHILDREN)
+    print(f"{len(tried)} changes, {findings} {told}; {time.time() - BEGAN:.0f} s, "
+          f"{used.ru_utime + used.ru_stime:.0f} s of processor time")
+    return 1 if findings or stale else 0
 
-    def judge(mutant):
+
+BEGAN = time.time()
+
+
+@contextlib.contextmanager
+def path_without_blanks(work):
+    """The folder, or a passing one elsewhere: commands of a build are taken apart at their blanks."""
+    plain = lambda path: re.fullmatch(r"[\w./+-]+", str(path))
+    if plain(work):
+        yield work
+        return
+    parents = [parent for parent in (tempfile.gettempdir(), "/tmp", "/var/tmp") if plain(parent)]
+    with tempfile.TemporaryDirectory(prefix="textcfg-mutate-", dir=parents[0]) as folder:
+        yield Path(folder).resolve()
+
+
+def try_all(build, mutants, texts, options, work):
+    """Tries the changes, prints those that are worth telling, and returns those that went unnoticed."""
+    print(f"{len(mutants)} changes", flush=True)
+    for file in texts:
+        if file not in build.users:
+            raise Failure(f"{file}: no program of the tests is built from it")
+    began, ended, unnoticed = time.time(), 0, []
+    places, guard = list(range(options.jobs)), threading.Lock()
+    tasks = []
+    for file, text in texts.items():
+        groups, alone = shared(text, [mutant for mutant in mutants if mutant.file == file])
+        tasks += groups + [alone[at:at + 20] for at in range(0, len(alone), 20)]
+    tasks.sort(key=len, reverse=True)
+
+    def tell(mutant, noticed):
+        nonlocal ended
+        with guard:
+            ended += 1
+            if not noticed:
+                unnoticed.append(mutant)
+            if noticed == options.explained:
+                print(f"{'noticed' if noticed else 'unnoticed'}: {mutant}", flush=True)
+            if ended % 500 == 0:
+                print(f"{ended} of {len(mutants)}, {time.time() - began:.0f} s", file=sys.stderr, flush=True)
+
+    def work_on(task):
         with guard:
             place = places.pop()
         try:
-            return build.notices(mutant, work / f"mutant-{place}")
+            scratch = work / f"mutant-{place}"
+            if not task[0].alone:
+                for mutant, noticed in build.judge_together(task[0].file, task, scratch):
+                    tell(mutant, noticed)
+            else:
+                for mutant in task:
+                    tell(mutant, build.notices(mutant, scratch))
         finally:
             with guard:
                 places.append(place)
 
     with concurrent.futures.ThreadPoolExecutor(options.jobs) as pool:
-        judged = {pool.submit(judge, mutant): mutant for mutant in mutants}
+        running = [pool.submit(work_on, task) for task in tasks]
         try:
-            for future in concurrent.futures.as_completed(judged):
-                mutant, noticed = judged[future], future.result()
-                ended += 1
-                if noticed == options.explained:
-                    findings += 1
-                    print(f"{'noticed' if noticed else 'unnoticed'}: {mutant}", flush=True)
-                if ended % 100 == 0:
-                    print(f"{ended} of {len(mutants)}, {time.time() - began:.0f} s", file=sys.stderr, flush=True)
+            for future in concurrent.futures.as_completed(running):
+                future.result()
         except BaseException:
-            for future in judged:
+            for future in running:
                 future.cancel()
             raise
+    return unnoticed
 
-    told = "noticed though explained" if options.explained else "unnoticed and not explained"
-    print(f"{len(mutants)} changes, {findings} {told}; {time.time() - began:.0f} s")
-    return 1 if findings or stale else 0
+
+def print_scores(mutants, types, unnoticed):
+    """Of each folder: how many changes there are, how many are noticed, and why the others are not."""
+    print(f"{'folder':16}{'changes':>9}{'noticed':>17}{'equivalent':>17}{'other reasons':>17}{'no reason':>17}")
+    folders = sorted({os.path.dirname(mutant.file) for mutant in mutants})
+    unnoticed = set(unnoticed)
+    for folder in folders + ["all"]:
+        chosen = [mutant for mutant in mutants if folder in ("all", os.path.dirname(mutant.file))]
+        equivalent = sum(types.get(mutant) == "equivalent" for mutant in chosen)
+        other = sum(mutant in types for mutant in chosen) - equivalent
+        none = sum(mutant in unnoticed for mutant in chosen)
+        counts = [len(chosen) - equivalent - other - none, equivalent, other, none]
+        columns = "".join(f"{count:>8} {100 * count / len(chosen):6.2f} %" for count in counts)
+        print(f"{folder:16}{len(chosen):>9}{columns}")
 
 
 if __name__ == "__main__":
     try:
         sys.exit(main())
-    except Failure as failure:
+    except (Failure, OSError, UnicodeError) as failure:
         print(f"script/mutate: {failure}", file=sys.stderr)
         sys.exit(2)
     except KeyboardInterrupt:
