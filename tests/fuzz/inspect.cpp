@@ -30,7 +30,7 @@ namespace {
 enum Source { patches, imageFile, defaultFile, boardFileContent, settingsFile, recordName, sources };
 /// What becomes of the whole image: nothing, one of two byte orders, or a shift by the byte, taken as signed.
 enum Whole { asItIs, halfWords, words };
-enum Flag { checksText = 1, isJson = 2, checks = 4, withTokens = 8, showsOffset = 16 };
+enum Flag { checksText = 1, isJson = 2, checks = 4, withTokens = 8, showsOffset = 16, showsAll = 32 };
 
 std::set<std::string_view> brokenRules;
 bool reachedSource[sources];
@@ -129,6 +129,7 @@ private:
             for (std::uint8_t &byte : bytes)
                 byte = static_cast<std::uint8_t>((state = state * 1664525U + 1013904223U) >> 24);
         }
+        if (bytes.empty()) return;
         for (const Target &target : targetsOf(what & 3)) {
             std::size_t at = place % target.size;
             for (std::size_t i = 0; i < count && at < target.size; ++i, at += step)
@@ -182,7 +183,9 @@ void fillSecrets(inspect::Input &records, const std::string &token) {
 }
 
 inspect::Input baseOf(std::uint8_t base) {
-    inspect::Input records = inspect::loadInput({.record = "builtin:running"});
+    // Composed anew each time, into the same records.
+    static const inspect::Input records = inspect::loadInput({.record = "builtin:running"});
+    factory::composeBoard(*records.board.value);
     fuzz::composeBase(static_cast<fuzz::Base>(base % fuzz::bases), *records.image.value, *records.defaults.value);
     return records;
 }
@@ -221,7 +224,7 @@ void runOnRecords(Input &input, inspect::Input records, int whole, std::uint8_t 
 
     inspect::ShowOptions show;
     show.json = (flags & isJson) != 0;
-    show.all = true;
+    show.all = (flags & showsAll) != 0;
     if ((flags & showsOffset) != 0) show.at = flags;
     std::string text;
     {

@@ -270,7 +270,7 @@ Bytes patchOf(fuzz::Record record, std::size_t offset, const Bytes &what, std::s
 void writeInspections() {
     const auto save = [](const std::string &name, const Bytes &bytes) { write("inspect", name, bytes); };
     const fuzz::Record current = fuzz::currentRecord;
-    for (int flags = 0; flags < 32; flags += 2)
+    for (int flags = 0; flags < 64; flags += 2)
         save("flags_" + std::to_string(flags), inspection(0, fuzz::factoryBase, 0, 1, flags));
     for (const int whole : {1, 2, 4, 64, -1, -4})
         save("whole_" + std::to_string(whole), inspection(0, fuzz::factoryBase, whole));
