@@ -1,5 +1,6 @@
 #include "inspect/command_line.h"
 
+#include "inspect/check.h"
 #include "inspect/output.h"
 #include "inspect/record_source.h"
 #include "inspect/render.h"
@@ -21,6 +22,9 @@ namespace {
 constexpr int trouble = 2;
 constexpr const char *program = "textcfg-inspect";
 
+/// Of a command that ran, where it has more to say than that.
+int exitStatus = 0;
+
 /// A subcommand adds its words, and what is done when it was named.
 using Command = void (*)(CLI::App &app, Output &output);
 
@@ -41,13 +45,12 @@ bool yesOrNo(const std::string &text) {
     return text == "yes";
 }
 
-/// The words that say where records come from.
-void addInput(CLI::App &command, InputOptions &options) {
-    command
-        .add_option("RECORD", options.record,
-                    "An image file; a store folder, or FOLDER:running, :default, :startup, :customer_default; - for "
-                    "standard input; builtin:running and so on for the built-in example")
-        ->required();
+constexpr const char *recordHelp =
+    "An image file; a store folder, or FOLDER:running, :default, :startup, :customer_default; - for standard input; "
+    "builtin:running and so on for the built-in example";
+
+/// The words that say what belongs to a record.
+void addNeighbours(CLI::App &command, InputOptions &options) {
     command.add_option("--default", options.defaults, "The default image: a file, a folder or builtin:default")
         ->type_name("IMAGE");
     command.add_option("--board", options.board, "The board record: a file, a folder or builtin:board")
@@ -63,6 +66,12 @@ void addInput(CLI::App &command, InputOptions &options) {
             "--offset", [&options](const std::string &text) { options.offset = numberFrom(text); },
             "Where the image begins in RECORD, in bytes")
         ->type_name("N");
+}
+
+/// The words that say where a record comes from.
+void addInput(CLI::App &command, InputOptions &options) {
+    command.add_option("RECORD", options.record, recordHelp)->required();
+    addNeighbours(command, options);
 }
 
 void addText(CLI::App &app, Output &output) {
@@ -112,7 +121,21 @@ void addShow(CLI::App &app, Output &output) {
     command.callback([words, &output] { show(loadInput(words->input), words->show, output); });
 }
 
-constexpr Command commands[] = {addText, addShow};
+void addCheck(CLI::App &app, Output &output) {
+    CLI::App &command = *app.add_subcommand("check", "Report problems of records");
+    const auto options = std::make_shared<CheckOptions>();
+    command.add_option("RECORD", options->records, recordHelp);
+    addNeighbours(command, options->input);
+    command.add_flag("--list", options->list, "Print the rules");
+    command.add_option("--ignore", options->ignored, "Without this rule; may be given several times")
+        ->type_name("NAME")
+        ->allow_extra_args(false);
+    command.add_flag("--json", options->json, "As JSON");
+    command.add_flag("--secrets", options->secrets, "Secrets as they are");
+    command.callback([options, &output] { exitStatus = check(*options, output); });
+}
+
+constexpr Command commands[] = {addText, addShow, addCheck};
 
 int complain(const std::string &message) {
     std::cerr << program << ": " << message << '\n';
@@ -147,7 +170,7 @@ int commandLine(int argc, char **argv) {
     } catch (const std::exception &error) {
         return complain(error.what());
     }
-    return 0;
+    return exitStatus;
 }
 
 } // namespace inspect
