@@ -253,6 +253,60 @@ void writeStores() {
     write("store", "board_contents", Bytes{4, 0, 0} + std::string(300, '\xff'));
 }
 
+// ------------------------------------------------------------------------------------------------ textcfg-inspect
+
+/// Source, base, what becomes of the whole image, bank and flags, as tests/fuzz/inspect.cpp has them.
+Bytes inspection(int source, fuzz::Base base, int whole = 0, int bank = 1, int flags = 0) {
+    return {static_cast<char>(source), static_cast<char>(base), static_cast<char>(whole), static_cast<char>(bank),
+            static_cast<char>(flags)};
+}
+
+/// Bytes that are written `count` times, every `step` bytes.
+Bytes patchOf(fuzz::Record record, std::size_t offset, const Bytes &what, std::size_t step = 0, std::size_t count = 1) {
+    return Bytes{static_cast<char>(record | fuzz::repeatKind << 2), 0} + number(offset, 3) + number(what.size(), 1) +
+           number(step, 2) + number(count, 2) + what;
+}
+
+void writeInspections() {
+    const auto save = [](const std::string &name, const Bytes &bytes) { write("inspect", name, bytes); };
+    const fuzz::Record current = fuzz::currentRecord;
+    for (int flags = 0; flags < 64; flags += 2)
+        save("flags_" + std::to_string(flags), inspection(0, fuzz::factoryBase, 0, 1, flags));
+    for (const int whole : {1, 2, 4, 64, -1, -4})
+        save("whole_" + std::to_string(whole), inspection(0, fuzz::factoryBase, whole));
+    Bytes erased = inspection(0, fuzz::zeroBase);
+    for (std::size_t at = 0; at < 262140; at += 65535) erased += patchOf(current, at, "\xff", 1, 65535);
+    save("zero", inspection(0, fuzz::zeroBase));
+    save("erased", erased);
+    for (int seed = 0; seed < 4; ++seed)
+        save("noise_" + std::to_string(seed), inspection(0, fuzz::factoryBase, 0, 3, 8 + 2 * seed) +
+                                                  Bytes{fuzz::currentRecord | fuzz::noiseKind << 2, 0} + number(0, 3) +
+                                                  number(sizeof(ConfigImage), 3) + number(std::size_t(seed), 1));
+    const Bytes preset = inspection(0, fuzz::presetBase);
+    const std::size_t mask = offsetof(ConfigImage, ipv4) + offsetof(Ipv4Interface, mask);
+    const std::size_t vlans = offsetof(ConfigImage, tagVlans);
+    save("mask", preset + patchOf(current, mask, Bytes("\xff\0\xff\0", 4)));
+    save("host", preset + patchOf(current, mask - 4, Bytes("\xe0\0\0\1", 4)));
+    save("no_management_vlan", preset + patchOf(current, vlans, Bytes("\1\xff\xff\xff\x0f", 5)));
+    save("management_vlan_after_a_free_entry",
+         preset + patchOf(current, vlans, Bytes(5, '\0')) +
+             patchOf(current, vlans + 2 * sizeof(TagVlan), Bytes("\1\0\0\0\x10\0\0\1x", 9)));
+    save("text_too_long",
+         inspection(0, fuzz::factoryBase, 0, 1, 1) +
+             patchOf(current, vlans, "\1\x55\x55\x55\x15\1\1\1" + Bytes(46, 'v'), sizeof(TagVlan), 2077));
+    save("injected", preset + patchOf(current, offsetof(ConfigImage, company), "a\nb\tc"));
+    save("marks", preset + patchOf(current, offsetof(ConfigImage, rateLimits) + 4, number(1, 4)));
+    save("schedule", preset + patchOf(current, offsetof(ConfigImage, poePorts) + 36, "night"));
+    save("profile", preset + patchOf(current, offsetof(ConfigImage, multicastProfiles), "\1x") +
+                        patchOf(current, offsetof(ConfigImage, multicastProfiles) + 26, "\1\1"));
+    const Bytes contents[] = {"",         "short",     "active_bank=7\n", "nonsense\n", "\xff\x1b[2J\n",
+                              ":startup", "builtin:x", Bytes(244, '\xff')};
+    for (int source = 1; source < 6; ++source)
+        for (std::size_t i = 0; i < std::size(contents); ++i)
+            save("file_" + std::to_string(source) + "_" + std::to_string(i),
+                 inspection(source, fuzz::factoryBase, 0, 1, i % 2 == 0 ? 2 : 0) + contents[i]);
+}
+
 } // namespace
 
 int main(int argc, char **argv) {
@@ -261,5 +315,6 @@ int main(int argc, char **argv) {
     writeRenderings();
     writeCommandLines();
     writeStores();
+    writeInspections();
     return 0;
 }

@@ -392,8 +392,7 @@ TEST(Check, AnInjectedLineIsShownAndMaskedInSecrets) {
                              "text-injected-line company.systemName: the line \"\\x1b[2J\"\n"
                              "text-control company.systemName: \"a\\x0ano user admin\\x0d\\x1b[2J\"\n"
                              "text-injected-line users[1].password: the line \"***\"\n");
-    EXPECT_EQ(lines(findingsOf(records.input, {.secrets = true})).find("the line \"user evil\"") == std::string::npos,
-              false);
+    EXPECT_NE(lines(findingsOf(records.input, {.secrets = true})).find("the line \"user evil\""), std::string::npos);
     // A token in every secret, so that each is found to be too long, to have a control character and a second line.
     forEachLeaf(Part::image, [&](const Leaf &leaf) {
         if (leaf.field().kind != Kind::secret) return;

@@ -104,4 +104,93 @@ for error in errors[:5]:
 sys.exit(bool(errors))
 PYTHON
 done
+
+# Problems of records: one line each, status 1; trouble with one record leaves the others checked.
+call 0 check builtin:default
+[[ ! -s out && ! -s err ]] || found "the default image has a finding: $(cat out err)"
+call 1 check builtin:default builtin:running
+says out '^builtin:running: vlanMode at 7856 (0x01eb0): warning not-recreated: found 3 .*; expected 2: '
+call 0 check builtin:running --ignore not-recreated --ignore text-unterminated
+[[ ! -s out ]] || found "rules that are ignored find something: $(cat out)"
+call 2 check nowhere.img builtin:running
+says out '^builtin:running: '
+says err '^textcfg-inspect: nowhere.img: '
+for words in check 'check builtin:default --ignore nonsense' 'check builtin:default --bank x'; do
+    # shellcheck disable=SC2086 # words
+    call 2 $words
+    [[ ! -s out ]] || found "$words: wrote on standard output"
+done
+call 1 check zero.img
+says out '^zero.img: image: error record-zero: found every byte is 0; '
+call 1 check - <zero.img
+says out '^-: image: error record-zero: '
+mkdir store
+head -c 262144 /dev/zero | tr '\0' '\377' >store/running.img
+cp zero.img store/default.img
+printf 'active_bank=7\n' >store/platform.conf
+printf 'short' >store/board.img
+call 2 check store
+says out '^store: image: error record-erased: '
+says out '^store/platform.conf: platform.active_bank: warning bank-unknown: found 7; expected 1 or 2$'
+says err '^textcfg-inspect: store/board.img: found 5 bytes; expected 244 bytes$'
+call 0 check --list
+says out '^vlan-duplicate  *error  *[a-z]'
+rules=$(wc -l <out)
+((rules >= 28)) || found "check --list: $rules rules"
+
+# An injected line is shown, but not out of a secret.
+/usr/bin/python3 - "$program" >injected.img <<'PYTHON'
+import subprocess
+import sys
+
+image = bytearray(262144)
+def put(path, text):
+    line = subprocess.run([sys.argv[1], "show", "builtin:running", path], capture_output=True, check=True).stdout
+    offset = int(line.split()[-2])
+    image[offset:offset + len(text)] = text
+
+put("company.systemName", b"a\nno user admin")
+put("users[1].inUse", b"\1")
+put("users[1].password", b"x\nuser evil")
+sys.stdout.buffer.write(image)
+PYTHON
+call 1 check injected.img
+says out '^injected.img: company.systemName at [0-9]* (0x[0-9a-f]*): error text-injected-line: found '
+says out 'found the line "no user admin"; '
+says out '^injected.img: users\[1\].password at .*: error text-injected-line: found the line "\*\*\*"; '
+grep -q 'evil' out && found "check prints a secret"
+call 1 check injected.img --secrets
+says out 'found the line "user evil"; '
+
+# Memory does not grow with the number of records.
+peak() { /usr/bin/python3 -c '
+import resource, subprocess, sys
+subprocess.run(sys.argv[1:], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+print(resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss)' "$@"; }
+mapfile -t many < <(yes injected.img | head -n 1000)
+few_size=$(peak "$program" check "${many[@]:0:10}")
+many_size=$(peak "$program" check "${many[@]}")
+((many_size < few_size + 2048)) || found "1000 records take $many_size KiB, 10 take $few_size KiB"
+
+for words in 'builtin:running builtin:default zero.img injected.img nowhere.img store' --list; do
+    # shellcheck disable=SC2086 # words
+    "$program" check --json $words >out 2>err
+    part=check
+    [[ $words != --list ]] || part=rules
+    /usr/bin/python3 - "$root/docs/inspect-schema.json" out "$part" <<'PYTHON' ||
+import json
+import sys
+
+import jsonschema
+
+schema, document = (json.load(open(name, encoding="utf-8")) for name in sys.argv[1:3])
+part = dict(schema["definitions"][sys.argv[3]], definitions=schema["definitions"])
+part["properties"] = dict(part["properties"], examples=schema["properties"]["examples"])
+errors = list(jsonschema.Draft7Validator(part).iter_errors(document))
+for error in errors[:5]:
+    print(list(error.path), error.message[:200])
+sys.exit(bool(errors))
+PYTHON
+        found "check --json $words is not as the schema says"
+done
 conclude
