@@ -1,5 +1,8 @@
 #include "inspect/command_line.h"
 
+#include "inspect/diff.h"
+#include "inspect/mask.h"
+#include "inspect/mask_record.h"
 #include "inspect/output.h"
 #include "inspect/record_source.h"
 #include "inspect/render.h"
@@ -21,6 +24,9 @@ namespace {
 constexpr int trouble = 2;
 constexpr const char *program = "textcfg-inspect";
 
+/// The status of the command that ran.
+int status = 0;
+
 /// A subcommand adds its words, and what is done when it was named.
 using Command = void (*)(CLI::App &app, Output &output);
 
@@ -41,6 +47,26 @@ bool yesOrNo(const std::string &text) {
     return text == "yes";
 }
 
+void addNumber(CLI::App &command, const std::string &name, std::optional<std::uint64_t> &number,
+               const std::string &help) {
+    command
+        .add_option_function<std::string>(
+            name, [&number](const std::string &text) { number = numberFrom(text); }, help)
+        ->type_name("N");
+}
+
+/// What a text needs besides images.
+void addPlatform(CLI::App &command, InputOptions &options) {
+    command.add_option("--board", options.board, "The board record: a file, a folder or builtin:board")
+        ->type_name("BOARD");
+    command.add_option("--bank", options.bank, "The image bank in use")->type_name("N");
+    command
+        .add_option_function<std::string>(
+            "--md5", [&options](const std::string &text) { options.md5 = yesOrNo(text); },
+            "Whether passwords are encrypted")
+        ->type_name("yes|no");
+}
+
 /// The words that say where records come from.
 void addInput(CLI::App &command, InputOptions &options) {
     command
@@ -50,19 +76,8 @@ void addInput(CLI::App &command, InputOptions &options) {
         ->required();
     command.add_option("--default", options.defaults, "The default image: a file, a folder or builtin:default")
         ->type_name("IMAGE");
-    command.add_option("--board", options.board, "The board record: a file, a folder or builtin:board")
-        ->type_name("BOARD");
-    command.add_option("--bank", options.bank, "The image bank in use")->type_name("N");
-    command
-        .add_option_function<std::string>(
-            "--md5", [&options](const std::string &text) { options.md5 = yesOrNo(text); },
-            "Whether passwords are encrypted")
-        ->type_name("yes|no");
-    command
-        .add_option_function<std::string>(
-            "--offset", [&options](const std::string &text) { options.offset = numberFrom(text); },
-            "Where the image begins in RECORD, in bytes")
-        ->type_name("N");
+    addPlatform(command, options);
+    addNumber(command, "--offset", options.offset, "Where the image begins in RECORD, in bytes");
 }
 
 void addText(CLI::App &app, Output &output) {
@@ -70,15 +85,18 @@ void addText(CLI::App &app, Output &output) {
         InputOptions input;
         bool delta = false;
         bool page = false;
+        bool mask = false;
     };
     CLI::App &command = *app.add_subcommand("text", "Print the text that textcfg writes");
     const auto words = std::make_shared<Words>();
     addInput(command, words->input);
     command.add_flag("--delta", words->delta, "Only what differs from the default image");
     command.add_flag("--page", words->page, "Without the version line");
+    command.add_flag("--mask", words->mask, "With masks instead of secrets");
     command.callback([words, &output] {
         const Input input = loadInput(words->input);
-        Renderer renderer(input);
+        input.requireAllOfText();
+        Renderer renderer(words->mask ? maskedCopy(input) : input);
         try {
             output << renderer.text(driverOf(words->delta, words->page, input.isDefaultKind));
         } catch (const RenderError &error) {
@@ -112,7 +130,36 @@ void addShow(CLI::App &app, Output &output) {
     command.callback([words, &output] { show(loadInput(words->input), words->show, output); });
 }
 
-constexpr Command commands[] = {addText, addShow};
+void addDiff(CLI::App &app, Output &output) {
+    CLI::App &command = *app.add_subcommand("diff", "List what differs: 0 nothing, 1 something, 2 trouble");
+    const auto words = std::make_shared<DiffOptions>();
+    command.add_option("OLD", words->old, "A record, as for text")->required();
+    command.add_option("NEW", words->now.record, "A record; two folders are compared image by image")->required();
+    CLI::Option *const lines = command.add_flag("--commands", words->commands, "Only the lines of delta mode");
+    command.add_flag("--json", words->json, "As JSON")->excludes(lines);
+    command.add_flag("--secrets", words->secrets, "Secrets and reserved bytes as they are");
+    addPlatform(command, words->now);
+    addNumber(command, "--old-offset", words->oldOffset, "Where the image begins in OLD, in bytes");
+    addNumber(command, "--new-offset", words->now.offset, "Where the image begins in NEW, in bytes");
+    command.callback([words, &output] { status = diff(*words, output); });
+}
+
+void addMask(CLI::App &app, Output &) {
+    struct Words {
+        InputOptions input;
+        std::string to;
+    };
+    CLI::App &command = *app.add_subcommand("mask", "Write a record without secrets, to pass on");
+    const auto words = std::make_shared<Words>();
+    command.add_option("RECORD", words->input.record, "A record, as for text; a folder gives a folder")->required();
+    command.add_option("-o", words->to, "The new file or folder; there must be nothing of this name")
+        ->type_name("NEW")
+        ->required();
+    addNumber(command, "--offset", words->input.offset, "Where the image begins in RECORD, in bytes");
+    command.callback([words] { writeMasked(words->input, words->to); });
+}
+
+constexpr Command commands[] = {addText, addShow, addDiff, addMask};
 
 int complain(const std::string &message) {
     std::cerr << program << ": " << message << '\n';
@@ -128,6 +175,7 @@ int commandLine(int argc, char **argv) {
     app.set_version_flag("--version", std::string(program) + " " TEXTCFG_VERSION);
     app.set_help_flag("--help", "Print this help and exit");
     app.require_subcommand(1);
+    status = 0;
     Output output;
     for (const Command add : commands) add(app, output);
     try {
@@ -147,7 +195,7 @@ int commandLine(int argc, char **argv) {
     } catch (const std::exception &error) {
         return complain(error.what());
     }
-    return 0;
+    return status;
 }
 
 } // namespace inspect
