@@ -57,7 +57,7 @@ const std::string *Masks::passwordOfMd5Form(const std::string &form) {
 
 char Masks::signOf(const std::string &head, const std::string &tail) {
     const std::size_t number = tails_[head].of(tail);
-    if (number > signs.size()) throw std::length_error("too many secrets begin alike");
+    if (number > signs.size()) throw std::length_error("too many secrets have the same beginning");
     return signs[number - 1];
 }
 
