@@ -1,6 +1,9 @@
 #include "inspect/command_line.h"
 
 #include "inspect/check.h"
+#include "inspect/diff.h"
+#include "inspect/mask.h"
+#include "inspect/mask_record.h"
 #include "inspect/output.h"
 #include "inspect/record_source.h"
 #include "inspect/render.h"
@@ -49,10 +52,16 @@ constexpr const char *recordHelp =
     "An image file; a store folder, or FOLDER:running, :default, :startup, :customer_default; - for standard input; "
     "builtin:running and so on for the built-in example";
 
-/// The words that say what belongs to a record.
-void addNeighbours(CLI::App &command, InputOptions &options) {
-    command.add_option("--default", options.defaults, "The default image: a file, a folder or builtin:default")
-        ->type_name("IMAGE");
+void addNumber(CLI::App &command, const std::string &name, std::optional<std::uint64_t> &number,
+               const std::string &help) {
+    command
+        .add_option_function<std::string>(
+            name, [&number](const std::string &text) { number = numberFrom(text); }, help)
+        ->type_name("N");
+}
+
+/// What a text needs besides images.
+void addPlatform(CLI::App &command, InputOptions &options) {
     command.add_option("--board", options.board, "The board record: a file, a folder or builtin:board")
         ->type_name("BOARD");
     command.add_option("--bank", options.bank, "The image bank in use")->type_name("N");
@@ -61,11 +70,14 @@ void addNeighbours(CLI::App &command, InputOptions &options) {
             "--md5", [&options](const std::string &text) { options.md5 = yesOrNo(text); },
             "Whether passwords are encrypted")
         ->type_name("yes|no");
-    command
-        .add_option_function<std::string>(
-            "--offset", [&options](const std::string &text) { options.offset = numberFrom(text); },
-            "Where the image begins in RECORD, in bytes")
-        ->type_name("N");
+}
+
+/// The words that say what belongs to a record.
+void addNeighbours(CLI::App &command, InputOptions &options) {
+    command.add_option("--default", options.defaults, "The default image: a file, a folder or builtin:default")
+        ->type_name("IMAGE");
+    addPlatform(command, options);
+    addNumber(command, "--offset", options.offset, "Where the image begins in RECORD, in bytes");
 }
 
 /// The words that say where a record comes from.
@@ -79,15 +91,18 @@ void addText(CLI::App &app, Output &output) {
         InputOptions input;
         bool delta = false;
         bool page = false;
+        bool mask = false;
     };
     CLI::App &command = *app.add_subcommand("text", "Print the text that textcfg writes");
     const auto words = std::make_shared<Words>();
     addInput(command, words->input);
     command.add_flag("--delta", words->delta, "Only what differs from the default image");
     command.add_flag("--page", words->page, "Without the version line");
+    command.add_flag("--mask", words->mask, "With masks instead of secrets");
     command.callback([words, &output] {
         const Input input = loadInput(words->input);
-        Renderer renderer(input);
+        input.requireAllOfText();
+        Renderer renderer(words->mask ? maskedCopy(input) : input);
         try {
             output << renderer.text(driverOf(words->delta, words->page, input.isDefaultKind));
         } catch (const RenderError &error) {
@@ -135,7 +150,36 @@ void addCheck(CLI::App &app, Output &output) {
     command.callback([options, &output] { exitStatus = check(*options, output); });
 }
 
-constexpr Command commands[] = {addText, addShow, addCheck};
+void addDiff(CLI::App &app, Output &output) {
+    CLI::App &command = *app.add_subcommand("diff", "List what differs: 0 nothing, 1 something, 2 trouble");
+    const auto words = std::make_shared<DiffOptions>();
+    command.add_option("OLD", words->old, "A record, as for text")->required();
+    command.add_option("NEW", words->now.record, "A record; two folders are compared image by image")->required();
+    CLI::Option *const lines = command.add_flag("--commands", words->commands, "Only the lines of delta mode");
+    command.add_flag("--json", words->json, "As JSON")->excludes(lines);
+    command.add_flag("--secrets", words->secrets, "Secrets and reserved bytes as they are");
+    addPlatform(command, words->now);
+    addNumber(command, "--old-offset", words->oldOffset, "Where the image begins in OLD, in bytes");
+    addNumber(command, "--new-offset", words->now.offset, "Where the image begins in NEW, in bytes");
+    command.callback([words, &output] { exitStatus = diff(*words, output); });
+}
+
+void addMask(CLI::App &app, Output &) {
+    struct Words {
+        InputOptions input;
+        std::string to;
+    };
+    CLI::App &command = *app.add_subcommand("mask", "Write a record without secrets, to pass on");
+    const auto words = std::make_shared<Words>();
+    command.add_option("RECORD", words->input.record, "A record, as for text; a folder gives a folder")->required();
+    command.add_option("-o", words->to, "The new file or folder; there must be nothing of this name")
+        ->type_name("NEW")
+        ->required();
+    addNumber(command, "--offset", words->input.offset, "Where the image begins in RECORD, in bytes");
+    command.callback([words] { writeMasked(words->input, words->to); });
+}
+
+constexpr Command commands[] = {addText, addShow, addDiff, addMask, addCheck};
 
 int complain(const std::string &message) {
     std::cerr << program << ": " << message << '\n';
@@ -151,6 +195,7 @@ int commandLine(int argc, char **argv) {
     app.set_version_flag("--version", std::string(program) + " " TEXTCFG_VERSION);
     app.set_help_flag("--help", "Print this help and exit");
     app.require_subcommand(1);
+    exitStatus = 0;
     Output output;
     for (const Command add : commands) add(app, output);
     try {

@@ -897,6 +897,19 @@ FIELDS_OF(PlatformRecord, "") = {
 #undef FIELDS_OF
 #undef F
 
+// -------------------------------------------------------------------------------------------------------- shared bytes
+
+#define SHARED(owner, other)                                                                                           \
+    { offsetof(ConfigImage, owner), other }
+constexpr Sharing sharings[] = {
+    SHARED(console.webTimeout, "service.webTimeout"),
+    SHARED(priority.managementPriority, "priority.userPriority[29]"),
+    SHARED(portFilters.port[0].filterSwitch, "portFilters.filterSwitch"),
+    SHARED(isolation.enabled, "vlanIsolation.enabled"),
+    SHARED(isolation.uplinks, "vlanIsolation.uplinks"),
+};
+#undef SHARED
+
 } // namespace
 
 const Record &recordOf(Part part) {
@@ -906,6 +919,15 @@ const Record &recordOf(Part part) {
     case Part::platform: break;
     }
     return recordType<PlatformRecord>;
+}
+
+std::span<const Sharing> sharedFields() { return sharings; }
+
+std::string_view otherSettingOf(const Leaf &leaf) {
+    if (leaf.part() != Part::image) return {};
+    for (const Sharing &sharing : sharings)
+        if (sharing.offset == leaf.offset()) return sharing.other;
+    return {};
 }
 
 } // namespace inspect

@@ -185,6 +185,16 @@ bool isInUse(const Leaf &leaf, const void *record);
 /// Whether entry `index` (from 0) of `table` is in use. `owner` is the record that the table is a member of.
 bool isEntryInUse(const Record &ownerType, const Field &table, std::size_t index, const void *owner);
 
+/// A field whose bytes another setting has too. The field of the list is their owner.
+struct Sharing {
+    std::size_t offset;     ///< of the owner, in the image
+    std::string_view other; ///< path of the other setting, which has no field of its own
+};
+/// All of them.
+std::span<const Sharing> sharedFields();
+/// The other setting that has the bytes of a leaf; empty if there is none.
+std::string_view otherSettingOf(const Leaf &leaf);
+
 /// A shell pattern over paths. Brackets are those of an index: `ports[*].speed`, `users[?]`. A pattern that matches the
 /// front of a path, up to a dot or a bracket, matches everything below it: `ports[3]`, `acl`.
 class PathPattern {

@@ -1,10 +1,12 @@
 #!/bin/bash
 # textcfg-inspect as people call it: what it prints, its statuses, and that no secret is in it.
 #
-#     inspect.sh TEXTCFG_INSPECT
+#     inspect.sh TEXTCFG_INSPECT TEXTCFG TEXTCFG_STORE
 . "$(dirname -- "${BASH_SOURCE[0]}")/../checks/common.sh"
 
 program=$1
+textcfg=$2
+store_program=$3
 scratch=$(mktemp -d) || exit 1
 trap 'rm -rf "$scratch"' EXIT
 cd "$scratch" || exit 1
@@ -86,11 +88,55 @@ status=0
 ((status == 2)) || found "a full output: status $status"
 says err '^textcfg-inspect: standard output: '
 
+# Differences.
+call 0 diff builtin:running builtin:running
+[[ ! -s out && ! -s err ]] || found "equal images have differences"
+call 1 diff builtin:startup builtin:running
+says out '^users\[4\].name  *"" -> "trainee"  *2184  0x00888$'
+says out '^macLimit.portMaximum\[8\] .* (no line)$'
+says out '^Delta lines alone do not always turn OLD into NEW: '
+call 1 diff builtin:startup builtin:running --commands
+[[ $(head -n 1 out) == configure ]] || found "diff --commands prints more than lines: $(head -n 1 out)"
+says out '^ntp server2 198.51.100.11$'
+call 2 diff builtin:startup
+call 2 diff builtin:startup nowhere
+call 2 diff builtin:startup builtin:running --commands --json
+
+# Records without secrets.
+call 0 mask builtin:running -o masked.img
+[[ $(stat -c %s masked.img) == 262144 ]] || found "mask: not a whole image"
+grep -qF -- "$password" masked.img && found "mask: leaves a secret"
+call 2 mask builtin:running -o masked.img
+says err 'masked.img: found something of this name; expected a name that is free$'
+call 2 mask nowhere -o new.img
+[[ ! -e new.img ]] || found "mask: leaves a file after a failure"
+call 0 text builtin:running --mask
+grep -qF -- "$password" out && found "text --mask: prints a secret"
+
+# The text is the one that textcfg writes, byte for byte, for every verb.
+"$store_program" "$scratch/store" >/dev/null || found "no store"
+# Another store: its running image has bytes of another.
+cp -r store changed
+dd if=store/customer_default.img of=changed/running.img bs=4096 skip=2 seek=2 count=30 conv=notrunc status=none
+for store in store changed; do
+    for verb in $(verbs_of_program); do
+        words=()
+        [[ $verb == *_delta* ]] && words+=(--delta)
+        [[ $verb == *_page ]] && words+=(--page)
+        image=${verb%_page}
+        image=${image%_delta}
+        image=${image%_config}
+        [[ $image == customer_def ]] && image=customer_default
+        TEXTCFG_STORE=$scratch/$store "$textcfg" "$verb" -f "$scratch/text" || found "textcfg $verb: failed"
+        call 0 text "$store:$image" "${words[@]}"
+        cmp -s text out || found "text $store:$image ${words[*]} is not what textcfg $verb writes"
+        rm -f text
+    done
+done
+
 # JSON is as docs/inspect-schema.json says.
-for words in '' --all '--all --secrets' --changed 'ports[3] lacp.key[2]' '--at 4940'; do
-    # shellcheck disable=SC2086 # words
-    call 0 show builtin:running --json $words
-    /usr/bin/python3 - "$root/docs/inspect-schema.json" out <<'PYTHON' || found "show --json $words is not as the schema says"
+as_schema() {
+    /usr/bin/python3 - "$root/docs/inspect-schema.json" out <<'PYTHON' || found "$* is not as the schema says"
 import json
 import sys
 
@@ -103,6 +149,22 @@ for error in errors[:5]:
     print(list(error.path), error.message[:200])
 sys.exit(bool(errors))
 PYTHON
+}
+some='time users trunks lacp timeRanges portFilters board platform'
+for words in '' "--all $some" "--all --secrets $some" --changed 'ports[3] lacp.key[2]' '--at 4940'; do
+    # shellcheck disable=SC2086 # words
+    call 0 show builtin:running --json $words
+    as_schema "show --json $words"
+done
+sed -i s/none/md5/ changed/platform.conf
+printf 'x' | dd of=changed/board.img bs=1 seek=200 conv=notrunc status=none
+printf 'x' | dd of=changed/startup.img bs=1 seek=30 conv=notrunc status=none
+rm changed/customer_default.img
+for words in 'builtin:startup builtin:running' 'store changed' 'store changed --secrets' 'zero.img store:running' \
+    'store:running zero.img --secrets'; do
+    # shellcheck disable=SC2086 # words
+    call 1 diff --json $words
+    as_schema "diff --json $words"
 done
 
 # Problems of records: one line each, status 1; trouble with one record leaves the others checked.
