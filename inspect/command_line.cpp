@@ -1,7 +1,9 @@
 #include "inspect/command_line.h"
 
+#include "inspect/annotate.h"
 #include "inspect/check.h"
 #include "inspect/diff.h"
+#include "inspect/explain.h"
 #include "inspect/mask.h"
 #include "inspect/mask_record.h"
 #include "inspect/output.h"
@@ -179,7 +181,41 @@ void addMask(CLI::App &app, Output &) {
     command.callback([words] { writeMasked(words->input, words->to); });
 }
 
-constexpr Command commands[] = {addText, addShow, addDiff, addMask, addCheck};
+void addExplain(CLI::App &app, Output &output) {
+    struct Words {
+        InputOptions input;
+        ExplainOptions explain;
+    };
+    CLI::App &command = *app.add_subcommand("explain", "Say which fields a line of the text comes from");
+    const auto words = std::make_shared<Words>();
+    addInput(command, words->input);
+    CLI::Option *const lines = command.add_option("LINE", words->explain.lines,
+                                                  "Lines: a number, the text of the line, or /regular expression/");
+    CLI::Option *const field =
+        command.add_option("--field", words->explain.field, "The lines that change with this field, in both modes");
+    field->type_name("PATH")->excludes(lines);
+    command.add_flag("--delta", words->explain.delta, "Lines of the text of what differs from the default image");
+    command.callback([words, &output] {
+        if (words->explain.lines.empty() && words->explain.field.empty())
+            throw CLI::ValidationError("found neither a LINE nor --field; expected one of them");
+        explain(loadInput(words->input), words->explain, output);
+    });
+}
+
+void addAnnotate(CLI::App &app, Output &output) {
+    struct Words {
+        InputOptions input;
+        AnnotateOptions annotate;
+    };
+    CLI::App &command = *app.add_subcommand("annotate", "Print the text with the emitter and the fields of each line");
+    const auto words = std::make_shared<Words>();
+    addInput(command, words->input);
+    command.add_flag("--delta", words->annotate.delta, "Only what differs from the default image");
+    command.add_flag("--json", words->annotate.json, "As JSON");
+    command.callback([words, &output] { annotate(loadInput(words->input), words->annotate, output); });
+}
+
+constexpr Command commands[] = {addText, addShow, addDiff, addMask, addCheck, addExplain, addAnnotate};
 
 int complain(const std::string &message) {
     std::cerr << program << ": " << message << '\n';

@@ -1,7 +1,10 @@
-/// Prints the list of fields as JSON, for script/image-table.
+/// Prints the list of fields as JSON, with what the text has of each, for script/image-table.
+#include "inspect/coverage.h"
 #include "inspect/values.h"
 
 #include <cstdio>
+#include <map>
+#include <string>
 
 namespace {
 
@@ -37,7 +40,34 @@ Json wordsOf(const Field &field) {
     return words;
 }
 
-Json listOf(const Record &record) {
+/// What was found by experiment, by the path of the field without the numbers of entries.
+using Coverage = std::map<std::string, std::vector<inspect::FieldCoverage>>;
+
+std::string genericPath(const std::string &path) {
+    std::string generic;
+    bool isNumber = false;
+    for (const char character : path) {
+        isNumber = isNumber && character != ']';
+        if (!isNumber) generic += character;
+        isNumber = isNumber || character == '[';
+    }
+    return generic;
+}
+
+/// What one mode has of a field; entry by entry where they differ.
+Json cellOf(const Coverage &coverage, const std::string &path, std::string inspect::FieldCoverage::*mode) {
+    const auto found = coverage.find(path);
+    if (found == coverage.end()) return "-";
+    const std::vector<inspect::FieldCoverage> &rows = found->second;
+    bool agree = true;
+    for (const inspect::FieldCoverage &row : rows) agree = agree && row.*mode == rows.front().*mode;
+    if (agree) return rows.front().*mode;
+    std::string cell;
+    for (const inspect::FieldCoverage &row : rows) cell += (cell.empty() ? "`" : ", `") + row.path + "`: " + row.*mode;
+    return cell;
+}
+
+Json listOf(const Record &record, const Coverage &coverage, const std::string &prefix) {
     Json fields = Json::array();
     for (const Field &field : record.fields) {
         Json entry;
@@ -55,8 +85,11 @@ Json listOf(const Record &record) {
         entry["members"] = field.members == inspect::Members::ports   ? "ports"
                            : field.members == inspect::Members::vlans ? "vlans"
                                                                       : "bits";
+        const std::string path = prefix + std::string(field.name) + (field.count != 0 ? "[]" : "");
+        entry["full"] = cellOf(coverage, path, &inspect::FieldCoverage::full);
+        entry["delta"] = cellOf(coverage, path, &inspect::FieldCoverage::delta);
         if (field.record != nullptr) {
-            entry["record"] = listOf(*field.record);
+            entry["record"] = listOf(*field.record, coverage, path + ".");
             entry["inUse"] = field.record->inUse != nullptr ? field.record->inUse->name : field.inUse;
         }
         fields.push_back(entry);
@@ -67,8 +100,11 @@ Json listOf(const Record &record) {
 } // namespace
 
 int main() {
+    Coverage coverage;
+    for (const inspect::FieldCoverage &row : inspect::coverageOfImage()) coverage[genericPath(row.path)].push_back(row);
     Json document;
     for (const inspect::Part part : inspect::parts)
-        document[std::string(inspect::nameOf(part))] = listOf(inspect::recordOf(part));
+        document[std::string(inspect::nameOf(part))] =
+            listOf(inspect::recordOf(part), coverage, part == inspect::Part::image ? "" : "other.");
     return std::puts(document.dump(1).c_str()) < 0 || std::fflush(stdout) != 0 ? 1 : 0;
 }

@@ -34,6 +34,12 @@ struct Touched {
     }
 };
 
+/// As `clearText`, but only as far as there is text: to look at the whole buffer takes longer than most steps.
+void clearWhatIsThere() {
+    if (textOverflowed()) clearText();
+    else std::memset(Temp_Configuration, 0, strnlen(Temp_Configuration, textBufferSize));
+}
+
 } // namespace
 
 Renderer::Renderer(const ConfigImage &current, const ConfigImage &defaults, const BoardRecord &board,
@@ -57,7 +63,7 @@ template <class Work> std::string_view Renderer::run(Work work) {
     const Touched current(*gSysConfig);
     const Touched defaults(*gDefConfig);
     platform.problem = nullptr;
-    clearText();
+    clearWhatIsThere();
     work();
     current.restore(*gSysConfig);
     defaults.restore(*gDefConfig);
