@@ -1,7 +1,10 @@
 #!/bin/bash
 # The manual pages are in order and describe every verb, message and exit status of the programs, and none that they do
 # not have; messages appear as users see them. The examples run as written.
+#
+#     manual.sh TEXTCFG_INSPECT
 . "$(dirname -- "${BASH_SOURCE[0]}")/common.sh"
+inspect=$(realpath -- "$1") || give_up "no program"
 cd "$root" || exit 1
 
 pages=(docs/*.[1-8])
@@ -69,6 +72,46 @@ items_are() {
 mapfile -t verbs < <(verbs_of_program)
 items_are docs/textcfg.1 'Cm ' "${verbs[@]}"
 
+# textcfg-inspect names its commands and options itself.
+page=docs/textcfg-inspect.1
+section() { sed -n "/^\\.$2\$/,/^\\.S[hs] /p" "$1"; }
+mapfile -t commands < <("$inspect" --help | sed -n '/^Subcommands:/,$ s/^  \([a-z]*\) .*/\1/p')
+((${#commands[@]} >= 5)) || give_up "textcfg-inspect --help shows the commands ${commands[*]}"
+difference=$(diff <(printf '%s\n' "${commands[@]}" | sort) \
+    <(section $page 'Ss Commands' | sed -n 's/^\.It Cm //p' | sort)) || found "$page, commands: $difference"
+options=$(for command in '' "${commands[@]}"; do
+    # shellcheck disable=SC2086 # none is no word
+    "$inspect" $command --help
+done | grep -oE '^  (-[a-z]|--[a-z0-9-]+)( |$)' | tr -d ' ' | sort -u)
+difference=$(diff <(echo "$options") \
+    <(section $page 'Ss Options' | sed -nE 's/^\.It Fl ([^ ]*).*/-\1/p' | sort -u)) || found "$page, options: $difference"
+
+# Its messages: each that the page shows is printed by one of these, and what these print is in the page.
+mkdir "$scratch/messages" "$scratch/messages/alone"
+"$root/script/build" release >"$scratch/log" 2>&1 </dev/null || give_up "no program: $(cat "$scratch/log")"
+"$root/build/release/platform/host/textcfg-store" "$scratch/messages/store" || give_up "no store"
+cp "$scratch/messages/store/running.img" "$scratch/messages/alone/found.img"
+head -c 100 "$scratch/messages/store/running.img" >"$scratch/messages/short.img"
+# prints STATUS WORD…
+prints() {
+    local expected=$1 status=0
+    shift
+    "$inspect" "$@" >out 2>>messages || status=$?
+    ((status == expected)) || found "textcfg-inspect $*: status $status, not $expected"
+}
+shown() { sed -n '/^\.Sh DIAGNOSTICS/,/^\.Sh SEE/ { s/""/"/g; s/^\.It "\(.*\)"$/\1/p }' "$root/$page"; }
+difference=$(cd "$scratch/messages" &&
+    prints 2 && prints 2 show && prints 2 show store --nonsense && prints 2 text store --md5 maybe &&
+    prints 2 show store --at x && prints 2 check && prints 2 check store --ignore nonsense &&
+    prints 2 explain store && prints 2 show store 'nonsense*' && prints 2 show store --at 262144 && prints 2 show nowhere &&
+    prints 2 show short.img && prints 2 show store:nothing && prints 2 mask store -o store && cd alone &&
+    prints 2 text found.img && prints 2 text found.img --default builtin:default &&
+    prints 2 text found.img --default builtin:default --board builtin:board &&
+    prints 0 text found.img --default builtin:default --board ../store --bank 1 --md5 no &&
+    "$inspect" text ../store 2>>messages >/dev/full
+    cat messages ../messages >all
+    diff <(sort -u all) <(shown | sort -u)) || found "$page, messages: $difference"
+
 # statuses_of SOURCE FUNCTION…: the numbers that the functions return, as a shell sees them.
 statuses_of() {
     local source=$1
@@ -88,7 +131,7 @@ status docs/textcfg-store.1 platform/host/store_export.cpp storeExportMain
 # The examples, one after the other, with the programs of the build tree.
 "$root/script/build" release >"$scratch/log" 2>&1 </dev/null ||
     give_up "no program: $(cat "$scratch/log")"
-export PATH=$root/build/release:$root/build/release/platform/host:$PATH
+export PATH=$root/build/release:$root/build/release/platform/host:${inspect%/*}:$PATH
 unset TEXTCFG_STORE
 for page in "${pages[@]}"; do
     examples=0
@@ -96,7 +139,9 @@ for page in "${pages[@]}"; do
     while IFS= read -r command; do
         examples=$((examples + 1))
         expected=0
-        [[ $command != "diff texts/startup.txt "* ]] || expected=1 # as the page says
+        case $command in
+        "diff texts/startup.txt "* | "textcfg-inspect diff "*) expected=1 ;; # as the page says
+        esac
         status=0
         output=$(cd "$scratch/${page##*/}" && bash -c "$command" 2>&1 </dev/null) || status=$?
         ((status == expected)) || found "$page: $command: status $status: $output"

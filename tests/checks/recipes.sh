@@ -1,11 +1,16 @@
 #!/bin/bash
-# The commands of docs/recipes.md run as written, one after the other, and print what the document says.
+# The commands of docs/recipes.md, or of another document, run as written, one after the other, and print what the
+# document says.
+#
+#     recipes.sh TEXTCFG_INSPECT [DOCUMENT]
 . "$(dirname -- "${BASH_SOURCE[0]}")/common.sh"
 
+inspect=$(realpath -- "$1") || give_up "no program"
+document=docs/${2-recipes}.md
 make_scratch
 "$root/script/build" release >"$scratch/log" 2>&1 </dev/null ||
     give_up "no program: $(cat "$scratch/log")"
-export PATH=$root/build/release:$root/build/release/platform/host:$PATH
+export PATH=$root/build/release:$root/build/release/platform/host:${inspect%/*}:$PATH
 unset TEXTCFG_STORE
 # git asks who commits, and looks for settings.
 export HOME=$scratch GIT_CONFIG_NOSYSTEM=1 GIT_AUTHOR_NAME=a GIT_AUTHOR_EMAIL=a GIT_COMMITTER_NAME=a \
@@ -34,9 +39,29 @@ while IFS= read -r line; do
     sh*) commands+=$line$'\n' ;;
     text*) output+=${output:+$'\n'}$line ;;
     esac
-done <"$root/docs/recipes.md"
+done <"$root/$document"
 [[ -z $commands ]] || run "$commands" "$output"
-((blocks >= 10)) || found "only $blocks blocks of commands in docs/recipes.md"
+((blocks >= 10)) || found "only $blocks blocks of commands in $document"
+for text in texts/*.txt; do
+    [[ -s $text ]] || found "$document wrote nothing to $text"
+done
+
+secrets=(keep-it-safe dot1x-secret public private monitoring provisioning emergency correct-horse battery-staple look-only
+    first-week radius-secret tacacs-secret)
+if [[ $document == docs/dump.md ]]; then
+    # Nothing that is to be passed on contains a secret of the example, and the example has them all.
+    textcfg-inspect text dump >all.txt || found "no text: status $?"
+    for image in default startup running customer_default; do textcfg-inspect text "dump:$image" >>all.txt; done
+    [[ -d texts/public ]] || give_up "$document made no texts/public"
+    for secret in "${secrets[@]}"; do
+        grep -qF -- "$secret" all.txt || found "the example has no secret $secret"
+        [[ $secret == @(public|private|monitoring|provisioning|emergency) ]] || # words that other lines have too
+            if grep -rlF -- "$secret" texts/public texts/public.txt; then found "there is the secret $secret"; fi
+    done
+    if grep -nE '^(password|(no )?snmp-server community|community|dot1x secret|user (radius|tacacs) secret) [^*]' \
+        texts/public.txt; then found "texts/public.txt shows secrets"; fi
+    conclude
+fi
 for text in changes unsaved startup running access-3 access-4 masked found {all,history}/access-3 all/access-4; do
     [[ -s texts/$text.txt ]] || found "the recipes wrote no texts/$text.txt"
 done
@@ -44,8 +69,7 @@ done
 cmp -s texts/history/access-3.txt <(git -C texts/history show HEAD:access-3.txt) || found "git changed the text"
 
 # No secret of the example is left in the masked text, and all of them were in the plain one.
-for secret in keep-it-safe dot1x-secret public private monitoring provisioning emergency correct-horse battery-staple \
-    look-only first-week radius-secret tacacs-secret; do
+for secret in "${secrets[@]}"; do
     grep -qF -- "$secret" texts/running.txt || found "the example has no secret $secret"
     if grep -E "^(password|(no )?snmp-server community|community|archive|dot1x|user (radius|tacacs))\b.*$secret" \
         texts/masked.txt; then found "the masked text contains $secret"; fi
