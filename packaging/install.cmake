@@ -40,6 +40,11 @@ if(NOT TEXTCFG_PLATFORM_LIBRARY)
   textcfg_install(workstation ${CMAKE_INSTALL_MANDIR}/man1 FILES docs/textcfg-store.1)
   textcfg_install(workstation ${textcfg_completions} FILES completions/textcfg-store.bash RENAME textcfg-store)
 endif()
+if(TEXTCFG_INSPECT)
+  textcfg_install(workstation ${CMAKE_INSTALL_BINDIR} TARGETS textcfg-inspect)
+  textcfg_install(workstation ${CMAKE_INSTALL_MANDIR}/man1 FILES docs/textcfg-inspect.1)
+  textcfg_install(workstation ${textcfg_completions} FILES completions/textcfg-inspect.bash RENAME textcfg-inspect)
+endif()
 textcfg_install(library ${CMAKE_INSTALL_LIBDIR} TARGETS textcfg_library)
 textcfg_install(library ${CMAKE_INSTALL_INCLUDEDIR}/textcfg FILES app/textcfg.h)
 # What a platform's library has to offer.
@@ -51,9 +56,15 @@ set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS docs/image.md)
 file(READ docs/image.md textcfg_image)
 string(REGEX REPLACE "\n\nMade by [^\n]*\n" "\n" textcfg_image "${textcfg_image}")
 file(WRITE ${CMAKE_BINARY_DIR}/installed/image.md "${textcfg_image}")
+# How a firmware saves its images is for those who have the source tree.
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS docs/dump.md)
+file(READ docs/dump.md textcfg_dump)
+string(REGEX REPLACE "\n\n[^\n]*\\[porting.md\\][^\n]*\n" "\n" textcfg_dump "${textcfg_dump}")
+file(WRITE ${CMAKE_BINARY_DIR}/installed/dump.md "${textcfg_dump}")
 textcfg_install(documents ${CMAKE_INSTALL_DOCDIR} FILES packaging/README.md CHANGELOG.md packaging/copyright)
 textcfg_install(documents ${CMAKE_INSTALL_DOCDIR}/docs
-  FILES docs/recipes.md docs/text.md ${CMAKE_BINARY_DIR}/installed/image.md)
+  FILES docs/inspect-schema.json docs/recipes.md docs/text.md
+    ${CMAKE_BINARY_DIR}/installed/dump.md ${CMAKE_BINARY_DIR}/installed/image.md)
 
 # Last: what is installed after this is not on the list.
 install(CODE "

@@ -14,6 +14,8 @@ set(CPACK_DEBIAN_PACKAGE_MAINTAINER "textcfg developers <textcfg@example.org>")
 set(CPACK_DEBIAN_PACKAGE_SECTION net)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# Loaded where it is needed, so that nothing else shows it.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS libcrypt1)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "text form of a managed switch's stored configuration")
@@ -23,5 +25,6 @@ as the command lines that would recreate it: all of them, or those that differ
 from the default configuration.
 .
 The images are read from a folder. Another program, textcfg-store, writes an
-example of one.")
+example of one. With textcfg-inspect every field of an image can be shown,
+compared and checked, and passed on without passwords.")
 include(CPack)

@@ -5,11 +5,11 @@
 
 make_scratch
 
-"$root/script/build" release >"$scratch/log" 2>&1 </dev/null ||
+"$root/script/build" inspect >"$scratch/log" 2>&1 </dev/null ||
     give_up "no program: $(cat "$scratch/log")"
 # From a tree of its own, whose list of installed files is not the user's.
 mkdir "$scratch/tree"
-cp "$root/build/release/cmake_install.cmake" "$scratch/tree/"
+cp "$root/build/inspect/cmake_install.cmake" "$scratch/tree/"
 install_to() { cmake --install "$scratch/tree" --prefix "$1" >"$scratch/log" 2>&1 || give_up "$(cat "$scratch/log")"; }
 
 # A folder that has something already, and one that does not exist yet.
@@ -22,9 +22,11 @@ install_to "$prefix"
 install_to "$scratch/new/with a blank"
 
 documents=$prefix/share/doc/textcfg
-for file in bin/textcfg bin/textcfg-store share/man/man1/textcfg.1 share/man/man1/textcfg-store.1 \
+for file in bin/textcfg bin/textcfg-store bin/textcfg-inspect share/man/man1/textcfg-inspect.1 share/man/man1/textcfg.1 share/man/man1/textcfg-store.1 \
     share/man/man5/textcfg.5 include/textcfg/platform/{mapi,util}.h share/doc/textcfg/{README.md,CHANGELOG.md,copyright} \
-    share/doc/textcfg/docs/{image,recipes,text}.md share/bash-completion/completions/{textcfg,textcfg-store}; do
+    share/doc/textcfg/docs/{dump,image,recipes,text}.md \
+    share/doc/textcfg/docs/inspect-schema.json \
+    share/bash-completion/completions/{textcfg,textcfg-store,textcfg-inspect}; do
     [[ -s $prefix/$file ]] || found "$file is not installed"
 done
 for file in bench contributing porting; do

@@ -8,10 +8,11 @@ unset TEXTCFG_STORE
 
 # The commands, with this check's home folder, an installation folder of its own in place of /usr/local, and a list of
 # installed files that is not the user's.
-"$root/script/build" release >"$scratch/log" 2>&1 </dev/null ||
-    give_up "no program: $(cat "$scratch/log")"
+for tree in release inspect; do
+    "$root/script/build" "$tree" >"$scratch/log" 2>&1 </dev/null || give_up "no program: $(cat "$scratch/log")"
+done
 mkdir "$scratch/tree"
-cp "$root/build/release/cmake_install.cmake" "$scratch/tree/"
+cp "$root/build/inspect/cmake_install.cmake" "$scratch/tree/"
 commands=0
 while IFS= read -r command; do
     commands=$((commands + 1))
@@ -19,14 +20,18 @@ while IFS= read -r command; do
     script/test*) [[ -x ${command%% *} ]] || found "there is no $command" ;; # the one runs this, the others take long
     *)
         here=${command//\/usr\/local/$scratch/installed}
-        here=${here/--install build\/release/--install $scratch/tree}
+        here=${here/--install build\/inspect/--install $scratch/tree}
         [[ $command != script/uninstall ]] || here+=" $scratch/tree"
-        log=$(HOME=$scratch/user bash -c "$here" 2>&1 </dev/null) || found "$command: status $?: $log"
-        [[ $command != "cmake --install"* || -x $scratch/installed/bin/textcfg ]] || found "$command installed nothing"
+        expected=0
+        [[ $command != "script/inspect diff "* ]] || expected=1 # as README.md says
+        status=0
+        log=$(HOME=$scratch/user bash -c "$here" 2>&1 </dev/null) || status=$?
+        ((status == expected)) || found "$command: status $status: $log"
+        [[ $command != "cmake --install"* || -x $scratch/installed/bin/textcfg-inspect ]] || found "$command installed nothing"
         ;;
     esac
 done < <(sed -n 's/ *#.*//; s/^    \([a-zA-Z].*\)/\1/p' README.md)
-((commands == 9)) || found "$commands commands, where 9 were expected"
+((commands == 13)) || found "$commands commands, where 13 were expected"
 for file in run.txt changes.txt store/running.img; do
     [[ -s $scratch/user/textcfg/$file ]] || found "the commands made no $file"
 done

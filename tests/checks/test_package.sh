@@ -16,7 +16,7 @@ stub() {
 }
 stub tree/script/bootstrap ""
 # shellcheck disable=SC2016 # expanded when it runs
-stub tree/script/build 'mkdir -p "${0%/*}/../build/release" && touch "${0%/*}/../build/release/textcfg"'
+stub tree/script/build 'mkdir -p "${0%/*}/../build/inspect" && touch "${0%/*}/../build/inspect/textcfg"'
 # shellcheck disable=SC2016
 stub bin/cpack 'mkdir -p "$2" && touch "$2/textcfg.deb"'
 # shellcheck disable=SC2016
