@@ -101,11 +101,13 @@ STORED(Mac, "MAC", mac)
 STORED(Ipv4, "IPv4", ipv4)
 STORED(Ipv6, "IPv6", ipv6)
 #undef STORED
+// NOLINTBEGIN(bugprone-macro-parentheses): a name of a type
 #define STORED(Type, text, what)                                                                                       \
     template <std::size_t N> struct Stored<Type<N>> {                                                                  \
         static constexpr std::string_view name = text;                                                                 \
         static constexpr Kind kind = Kind::what;                                                                       \
     };
+// NOLINTEND(bugprone-macro-parentheses)
 STORED(Text, "text", text)
 STORED(Secret, "secret", secret)
 STORED(Bitmap, "bitmap", bits)

@@ -188,7 +188,7 @@ Shape shapeOfBytes(std::span<const unsigned char> bytes) {
 }
 
 Shape shapeOf(const ConfigImage &image) {
-    const Shape ofBytes = shapeOfBytes({bytesOf(image, 0), sizeof image});
+    Shape ofBytes = shapeOfBytes({bytesOf(image, 0), sizeof image});
     if (ofBytes.kind != Shape::Kind::sound) return ofBytes;
     constexpr std::size_t fewBad = 12; // what a few wrong fields may have
     constexpr std::size_t enoughGood = 24;

@@ -125,7 +125,7 @@ std::string bytesDisplay(std::span<const unsigned char> bytes) {
 std::int64_t numberOf(const Field &field, const unsigned char *bytes) {
     std::uint64_t number = 0;
     for (std::size_t i = 0; i < field.size; ++i) number = number << 8 | bytes[i];
-    if (!field.isSigned) return static_cast<std::int64_t>(number);
+    if (!field.isSigned || field.size == 0) return static_cast<std::int64_t>(number);
     const unsigned unused = static_cast<unsigned>(64 - 8 * field.size);
     return static_cast<std::int64_t>(number << unused) >> unused;
 }

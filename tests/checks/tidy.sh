@@ -1,11 +1,11 @@
 #!/bin/bash
-# clang-tidy has nothing to say about the code of the program and of its stand-in for a firmware.
+# clang-tidy has nothing to say about the code of the program , of its stand-in for a firmware and of textcfg-inspect.
 #
 #     tidy.sh BUILD_TREE
 . "$(dirname -- "${BASH_SOURCE[0]}")/common.sh"
 cd "$root" || exit 1
 
-files_like 'app/*.cpp' 'format/*.cpp' 'sections/*.cpp' 'platform/*.cpp'
+files_like 'app/*.cpp' 'format/*.cpp' 'sections/*.cpp' 'platform/*.cpp' 'inspect/*.cpp'
 for file in "${files[@]}"; do
     grep -qF "$root/$file\"" "$1/compile_commands.json" || found "$file is not built"
 done
