@@ -23,13 +23,16 @@ says() { grep -qe "$2" "$1" || found "no line of $1 is like $2: $(head -c 300 "$
 
 call 0 --version
 says out '^textcfg-inspect [0-9.]*$'
-for words in --help 'text --help' 'show --help'; do
+for words in --help 'text --help' 'show --help' 'explain --help' 'annotate --help'; do
     # shellcheck disable=SC2086 # words
     call 0 $words
     says out '^Usage: '
 done
 for words in '' nonsense show text 'show nowhere' 'show builtin:running --nonsense' 'text builtin:running further' \
     'show builtin:running nonsense' 'show builtin:running --at 262144' 'show builtin:running --at x' \
+    'explain builtin:running' 'explain builtin:running 9999' 'explain builtin:running nonsense' \
+    'explain builtin:running /(/' 'explain builtin:running --field nonsense' 'explain builtin:running 1 --field pppoe.enabled' \
+    'annotate builtin:running --nonsense' \
     'text builtin:running --md5 maybe' 'text builtin:running --bank x' 'show builtin:running --offset -1'; do
     # shellcheck disable=SC2086 # words
     call 2 $words
@@ -65,6 +68,61 @@ for words in '' --all --json '--all --json' --changed; do
     call 0 show builtin:running $words
     grep -qF -- "$password" out && found "show $words: prints a secret"
 done
+
+# Where lines come from.
+call 0 explain builtin:running 'mac address-table aging-time 600'
+printf '%s\n' 'line 1: mac address-table aging-time 600' \
+    '  emitter  convConfigSwitchConfig_SwitchConfig_configure_mac' \
+    '  field    switchConfig.macAgingTime = 600  (4 bytes at 126376, 0x1eda8: 00000258)' >expected
+sed 's/^line [0-9]*/line 1/' out | cmp -s expected - || found "not as expected: $(cat out)"
+call 0 explain builtin:running 1 '/^ntp time-zone/' '/^configure$/'
+says out '^line 1: # VERSION 5036 6000 V2.4.1 MAC 00:00:5e:00:53:01$'
+says out '^  emitter  header$'
+says out '^  field    platform.active_bank = 1$'
+says out '^  field    time.timeZone = '
+says out '^  no field changes this line$'
+call 0 explain builtin:running --delta '/^spanning-tree priority/'
+says out '^  field    stp.priority = [0-9]*, default [0-9]*  (4 bytes at 146760, 0x23d48: [0-9a-f]*)$'
+call 0 explain builtin:running '/^no user name operator/'
+says out '^  field    default users\[2\].name = "operator"'
+call 0 explain builtin:running --field 'remarking.dscp[1].marker'
+says out '^no line expresses this field$'
+call 0 explain builtin:running --field pppoe.enabled
+says out '^full mode, convConfigPPPoEConfig_PPPoEConfig_configure_ip_pppoe$'
+says out '^delta mode, convConfigPPPoEConfig_PPPoEConfig_configure_ip_pppoe$'
+for words in '' --json --delta '--delta --json'; do
+    # shellcheck disable=SC2086 # words
+    call 0 annotate builtin:running $words
+    grep -qF -- "$password" out && found "annotate $words: prints a secret"
+    mv out first
+    # shellcheck disable=SC2086 # words
+    call 0 annotate builtin:running $words
+    cmp -s first out || found "annotate $words: not the same twice"
+done
+# Every line is there, in its order; blanks at the end of lines too.
+call 0 annotate builtin:running
+sed -n 's/^[0-9][0-9]*  //p' out >lines
+"$program" text builtin:running >whole
+(($(wc -l <lines) == $(wc -l <whole))) || found "annotate: other lines than the text has"
+grep -v -e secret -e community -e password -e archive -e radius -e tacacs whole | sort -u >plain
+[[ ! $(sort -u lines | comm -13 - plain) ]] || found "annotate lacks lines: $(sort -u lines | comm -13 - plain)"
+call 0 annotate builtin:running --json
+/usr/bin/python3 - out <<'PYTHON' || found "annotate --json is not as expected"
+import json
+import sys
+
+document = json.load(open(sys.argv[1], encoding="utf-8"))
+lines = document["lines"]
+assert document["mode"] == "full" and document["secrets"] == "masked"
+assert [line["number"] for line in lines] == list(range(1, len(lines) + 1))
+# The header's second line and the frames of remarking entries are there whatever the record holds.
+maps = [f"qos remarking {kind}-map {number}" for kind in ("dscp", "802.1p") for number in range(1, 9)]
+framed = ["configure"] + [text for map in maps for text in (map, "exit")]
+assert [line["text"] for line in lines if not line["fields"]] == framed, "other lines have no fields"
+aging = next(line for line in lines if line["text"].startswith("mac address-table aging-time"))
+assert aging["fields"] == [{"record": "current", "path": "switchConfig.macAgingTime", "offset": 126376, "size": 4,
+                            "bytes": "00000258", "value": 600}], aging
+PYTHON
 
 # An image without anything next to it: fields can be shown, a text needs more.
 head -c 262144 /dev/zero >zero.img
