@@ -14,8 +14,8 @@ TEST(Acl, FieldsOfIpv6) {
 }
 
 TEST(Acl, BytesOfARule) {
-    constexpr int first = 180428;
-    constexpr int last = first + 191 * 116;
+    constexpr std::size_t first = 180428;
+    constexpr std::size_t last = first + 191 * 116;
     const auto store = [](std::int32_t number) {
         return both(
             [number](ConfigImage &image) {
@@ -24,28 +24,23 @@ TEST(Acl, BytesOfARule) {
             },
             [](ConfigImage &) {});
     };
-    const auto spansAt = [](int at, const Spans &spans) {
-        Spans moved;
-        for (const auto &[from, to] : spans) moved.emplace_back(at + from, at + to);
-        return moved;
-    };
-    const Spans ipv4 = {{0, 57}, {92, 101}, {104, 108}, {110, 111}};
+    const Places ipv4 = {{0, 57}, {92, 101}, {104, 108}, {110, 111}};
     // A number that turns negative writes the lines of IPv4.
-    const Spans ipv6 = {{0, 41}, {58, 101}, {104, 108}, {110, 111}};
-    const Spans compared = {{100, 101}, {104, 107}, {110, 111}};
-    for (const int at : {first, last}) {
-        const Spans within = {{at, at + 115}};
-        EXPECT_EQ(spansAt(at, ipv4), bytesThatCount(Mode::full, acl, store(5), gSysConfig, within));
-        EXPECT_EQ(spansAt(at, ipv6), bytesThatCount(Mode::full, acl, store(0x01020304), gSysConfig, within));
-        EXPECT_EQ(spansAt(at, compared), bytesThatCount(Mode::delta, acl, store(5), gDefConfig, within));
-        EXPECT_EQ(spansAt(at, compared), bytesThatCount(Mode::delta, acl, store(0x01020304), gDefConfig, within));
-        EXPECT_EQ(Spans{}, bytesThatCount(Mode::full, acl, store(5), gDefConfig, within));
+    const Places ipv6 = {{0, 41}, {58, 101}, {104, 108}, {110, 111}};
+    const Places compared = {{100, 101}, {104, 107}, {110, 111}};
+    for (const std::size_t rule : {first, last}) {
+        const Places within = span(rule, 116);
+        EXPECT_EQ(at(rule, ipv4), bytesTurnedOver(Mode::full, acl, store(5), Image::current, within));
+        EXPECT_EQ(at(rule, ipv6), bytesTurnedOver(Mode::full, acl, store(0x01020304), Image::current, within));
+        EXPECT_EQ(at(rule, compared), bytesTurnedOver(Mode::delta, acl, store(5), Image::defaults, within));
+        EXPECT_EQ(at(rule, compared), bytesTurnedOver(Mode::delta, acl, store(0x01020304), Image::defaults, within));
+        EXPECT_EQ(Places{}, bytesTurnedOver(Mode::full, acl, store(5), Image::defaults, within));
     }
     // A rule between them would be written if it were valid.
-    EXPECT_EQ((Spans{{first + 116 + 108, first + 116 + 108}}),
-              bytesThatCount(Mode::full, acl, store(5), gSysConfig, {{first + 116, first + 231}}));
-    EXPECT_EQ(Spans{},
-              bytesThatCount(Mode::full, acl, store(5), gSysConfig, {{first - 8, first - 1}, {202700, 202720}}));
+    EXPECT_EQ((Places{{first + 116 + 108, first + 116 + 108}}),
+              bytesTurnedOver(Mode::full, acl, store(5), Image::current, {{first + 116, first + 231}}));
+    EXPECT_EQ(Places{},
+              bytesTurnedOver(Mode::full, acl, store(5), Image::current, {{first - 8, first - 1}, {202700, 202720}}));
 }
 
 TEST(Acl, WritesAll192Rules) {

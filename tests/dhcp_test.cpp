@@ -145,7 +145,7 @@ TEST(CircuitIdBlocks, AreComparedWithTheDefaultInBothModes) {
 
 TEST(CircuitIdBlocks, OverwriteA64ByteTextFromTheDefaultDescriptionOn) {
     for (const int lead : {1, 27}) {
-        const int description = 4800 + 76 * (lead - 1);
+        const std::size_t description = 4800 + 76 * (static_cast<std::size_t>(lead) - 1);
         const auto store = [=](ConfigImage &current, ConfigImage &defaults) {
             current.circuitIds.text[lead - 1] = current.circuitIds.text[lead] = "north";
             std::memcpy(reinterpret_cast<unsigned char *>(&defaults) + description, lettersOf64, 64);
@@ -155,9 +155,9 @@ TEST(CircuitIdBlocks, OverwriteA64ByteTextFromTheDefaultDescriptionOn) {
                       std::to_string(lead + 1) + "\nip dhcp snooping circuit id " + lettersOf64 + "\nexit\n",
                   textOfStep(Mode::delta, portDhcp, store));
         for (const Mode mode : {Mode::full, Mode::delta}) {
-            EXPECT_EQ((Spans{{description, description + 63}}),
-                      bytesThatCount(mode, portDhcp, store, gDefConfig, {{4770, 6920}}));
-            EXPECT_EQ(Spans{}, bytesThatCount(mode, portDhcp, store, gSysConfig, {{4770, 6920}}));
+            EXPECT_EQ((Places{{description, description + 63}}),
+                      bytesTurnedOver(mode, portDhcp, store, Image::defaults, {{4770, 6920}}));
+            EXPECT_EQ(Places{}, bytesTurnedOver(mode, portDhcp, store, Image::current, {{4770, 6920}}));
         }
     }
 }
@@ -412,18 +412,18 @@ ROWS(SourceBindings, ({
                          {"bindings", Mode::delta, bindings,
                           [](ConfigImage &current, ConfigImage &defaults) {
                               SourceBindingTable &table = current.sourceBindings;
-                              SourceBindingTable &was = defaults.sourceBindings;
+                              SourceBindingTable &defaultTable = defaults.sourceBindings;
                               table[0] = {1, 1, mapped(192, 0, 2, 9), {}};
                               table[1] = {0, 1, mapped(192, 0, 2, 9), {}};
                               table[2] = {1, 0, documentation, {}};
-                              was[2] = {0, 1, documentation, {}};
+                              defaultTable[2] = {0, 1, documentation, {}};
                               table[3] = {1, 0, {}, {}};
-                              was[3] = {1, 0, mapped(192, 0, 2, 4), {}};
+                              defaultTable[3] = {1, 0, mapped(192, 0, 2, 4), {}};
                               table[4] = {1, 2, mapped(0, 0, 0, 0), {}};
-                              was[4] = {1, 1, {}, {}};
-                              table[5] = was[5] = {1, 1, documentation, {}};
+                              defaultTable[4] = {1, 1, {}, {}};
+                              table[5] = defaultTable[5] = {1, 1, documentation, {}};
                               table[5].reserved18.bytes[0] = 1;
-                              was[6] = {1, 1, documentation, {}};
+                              defaultTable[6] = {1, 1, documentation, {}};
                               table[11] = {1, 0, documentation, {}};
                           },
                           "ip source binding 1 ip-address 192.0.2.9\nip source binding 1\n"

@@ -75,22 +75,24 @@ ROWS(IpAddressing,
          {"IPv4 zero", Mode::full, ipv4Step, [](auto &, auto &) {},
           "no ip address dhcp\nip address 0.0.0.0 0.0.0.0 0.0.0.0\nno ip enable\n"},
          {"IPv4 with DHCP keeps its address line", Mode::full, ipv4Step,
-          [](auto &now, auto &) { now.ipv4 = someIpv4(); },
+          [](auto &current, auto &) { current.ipv4 = someIpv4(); },
           "ip address dhcp\nip address 198.51.100.33 255.255.255.192 198.51.100.62\nip enable\n"},
-         {"IPv4 DHCP mode 2 has no line", Mode::full, ipv4Step, [](auto &now, auto &) { now.ipv4.dhcpMode = 2; },
+         {"IPv4 DHCP mode 2 has no line", Mode::full, ipv4Step,
+          [](auto &current, auto &) { current.ipv4.dhcpMode = 2; },
           "ip address 0.0.0.0 0.0.0.0 0.0.0.0\nno ip enable\n"},
-         {"IPv4 DHCP mode 255 has no line", Mode::full, ipv4Step, [](auto &now, auto &) { now.ipv4.dhcpMode = 255; },
+         {"IPv4 DHCP mode 255 has no line", Mode::full, ipv4Step,
+          [](auto &current, auto &) { current.ipv4.dhcpMode = 255; },
           "ip address 0.0.0.0 0.0.0.0 0.0.0.0\nno ip enable\n"},
-         {"IPv4 enabled by any value", Mode::full, ipv4Step, [](auto &now, auto &) { now.ipv4.enabled = 128; },
+         {"IPv4 enabled by any value", Mode::full, ipv4Step, [](auto &current, auto &) { current.ipv4.enabled = 128; },
           "no ip address dhcp\nip address 0.0.0.0 0.0.0.0 0.0.0.0\nip enable\n"},
-         {"IPv4 default is not read", Mode::full, ipv4Step, [](auto &, auto &then) { then.ipv4 = someIpv4(); },
+         {"IPv4 default is not read", Mode::full, ipv4Step, [](auto &, auto &defaults) { defaults.ipv4 = someIpv4(); },
           "no ip address dhcp\nip address 0.0.0.0 0.0.0.0 0.0.0.0\nno ip enable\n"},
          {"IPv4 octets and places", Mode::full, ipv4Step,
-          [](auto &now, auto &) {
+          [](auto &current, auto &) {
               u8 octets[20];
               for (u8 i = 0; i < 20; ++i) octets[i] = static_cast<u8>(200 + i);
               octets[19] = 1;
-              std::memcpy(reinterpret_cast<u8 *>(&now) + 376, octets, sizeof octets);
+              std::memcpy(reinterpret_cast<u8 *>(&current) + 376, octets, sizeof octets);
           },
           "ip address dhcp\nip address 201.202.203.204 205.206.207.208 209.210.211.212\nip enable\n"},
 
@@ -99,8 +101,9 @@ ROWS(IpAddressing,
           "no ip address dhcp\n"},
          {"IPv4 DHCP mode 2 is off", Mode::delta, ipv4Step, ipv4Changed([](Ipv4Interface &ip) { ip.dhcpMode = 2; }),
           "no ip address dhcp\n"},
-         {"IPv4 DHCP on", Mode::delta, ipv4Step, [](auto &now, auto &) { now.ipv4.dhcpMode = 1; }, "ip address dhcp\n"},
-         {"IPv4 DHCP mode 2 against 0", Mode::delta, ipv4Step, [](auto &now, auto &) { now.ipv4.dhcpMode = 2; },
+         {"IPv4 DHCP on", Mode::delta, ipv4Step, [](auto &current, auto &) { current.ipv4.dhcpMode = 1; },
+          "ip address dhcp\n"},
+         {"IPv4 DHCP mode 2 against 0", Mode::delta, ipv4Step, [](auto &current, auto &) { current.ipv4.dhcpMode = 2; },
           "no ip address dhcp\n"},
          {"IPv4 address first octet", Mode::delta, ipv4Step,
           ipv4Changed([](Ipv4Interface &ip) { ip.address.octets[0] = 1; }),
@@ -120,7 +123,7 @@ ROWS(IpAddressing,
           "no ip enable\n"},
          {"IPv4 enabled otherwise", Mode::delta, ipv4Step, ipv4Changed([](Ipv4Interface &ip) { ip.enabled = 2; }),
           "ip enable\n"},
-         {"IPv4 order", Mode::delta, ipv4Step, [](auto &now, auto &) { now.ipv4 = someIpv4(); },
+         {"IPv4 order", Mode::delta, ipv4Step, [](auto &current, auto &) { current.ipv4 = someIpv4(); },
           "ip address dhcp\nip address 198.51.100.33 255.255.255.192 198.51.100.62\nip enable\n"},
          {"IPv4 reserved bytes", Mode::delta, ipv4Step, ipv4Changed([](Ipv4Interface &ip) {
               std::memset(&ip.reserved13, 0xff, sizeof ip.reserved13);
@@ -131,38 +134,38 @@ ROWS(IpAddressing,
          {"IPv6 zero", Mode::full, ipv6Step, [](auto &, auto &) {},
           "no ipv6 enable\nno ipv6 address autoconfig\nipv6 address link-local ::/0\nipv6 address global ::/0 ::\n"
           "no ipv6 address dhcp rapid-commit\nno ipv6 address dhcp\n"},
-         {"IPv6 all", Mode::full, ipv6Step, [](auto &now, auto &) { now.ipv6 = someIpv6(); },
+         {"IPv6 all", Mode::full, ipv6Step, [](auto &current, auto &) { current.ipv6 = someIpv6(); },
           "ipv6 enable\nipv6 address autoconfig\nipv6 address link-local fe80::33/64\n"
           "ipv6 address global 2001:db8::21/48 2001:db8::1\n"
           "ipv6 address dhcp rapid-commit\nipv6 address dhcp force\n"},
-         {"IPv6 default is not read", Mode::full, ipv6Step, [](auto &, auto &then) { then.ipv6 = someIpv6(); },
+         {"IPv6 default is not read", Mode::full, ipv6Step, [](auto &, auto &defaults) { defaults.ipv6 = someIpv6(); },
           "no ipv6 enable\nno ipv6 address autoconfig\nipv6 address link-local ::/0\nipv6 address global ::/0 ::\n"
           "no ipv6 address dhcp rapid-commit\nno ipv6 address dhcp\n"},
          {"IPv6 octets and places", Mode::full, ipv6Step,
-          [](auto &now, auto &) {
-              for (u8 i = 0; i < 54; ++i) (reinterpret_cast<u8 *>(&now) + 492)[i] = static_cast<u8>(0xa0 + i);
+          [](auto &current, auto &) {
+              for (u8 i = 0; i < 54; ++i) (reinterpret_cast<u8 *>(&current) + 492)[i] = static_cast<u8>(0xa0 + i);
           },
           "ipv6 enable\nipv6 address autoconfig\n"
           "ipv6 address link-local a4a5:a6a7:a8a9:aaab:acad:aeaf:b0b1:b2b3/180\n"
           "ipv6 address global b5b6:b7b8:b9ba:bbbc:bdbe:bfc0:c1c2:c3c4/197 c6c7:c8c9:cacb:cccd:cecf:d0d1:d2d3:d4d5\n"
           "ipv6 address dhcp rapid-commit\nno ipv6 address dhcp\n"},
          {"IPv6 carrying IPv4 stays in IPv6 form", Mode::full, ipv6Step,
-          [](auto &now, auto &) {
-              now.ipv6.gateway = {{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0xff, 0xff, 192, 0, 2, 1}};
-              now.ipv6.dhcpMode = 1;
+          [](auto &current, auto &) {
+              current.ipv6.gateway = {{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0xff, 0xff, 192, 0, 2, 1}};
+              current.ipv6.dhcpMode = 1;
           },
           "no ipv6 enable\nno ipv6 address autoconfig\nipv6 address link-local ::/0\n"
           "ipv6 address global ::/0 ::ffff:192.0.2.1\nno ipv6 address dhcp rapid-commit\nipv6 address dhcp auto\n"},
          {"IPv6 DHCP mode 3 is off", Mode::full, ipv6Step,
-          [](auto &now, auto &) {
-              now.ipv6 = someIpv6();
-              now.ipv6.dhcpMode = 3;
+          [](auto &current, auto &) {
+              current.ipv6 = someIpv6();
+              current.ipv6.dhcpMode = 3;
           },
           "ipv6 enable\nipv6 address autoconfig\nipv6 address link-local fe80::33/64\n"
           "ipv6 address global 2001:db8::21/48 2001:db8::1\n"
           "ipv6 address dhcp rapid-commit\nno ipv6 address dhcp\n"},
          {"IPv6 prefix length 255", Mode::full, ipv6Step,
-          [](auto &now, auto &) { now.ipv6.linkLocalPrefixLength = now.ipv6.globalPrefixLength = 255; },
+          [](auto &current, auto &) { current.ipv6.linkLocalPrefixLength = current.ipv6.globalPrefixLength = 255; },
           "no ipv6 enable\nno ipv6 address autoconfig\nipv6 address link-local ::/255\n"
           "ipv6 address global ::/255 ::\nno ipv6 address dhcp rapid-commit\nno ipv6 address dhcp\n"},
 
@@ -195,13 +198,13 @@ ROWS(IpAddressing,
           ipv6Changed([](Ipv6Interface &ip) { ip.rapidCommit = 255; }), "ipv6 address dhcp rapid-commit\n"},
          {"IPv6 DHCP auto", Mode::delta, ipv6Step, ipv6Changed([](Ipv6Interface &ip) { ip.dhcpMode = 1; }),
           "ipv6 address dhcp auto\n"},
-         {"IPv6 DHCP force", Mode::delta, ipv6Step, [](auto &now, auto &) { now.ipv6.dhcpMode = 2; },
+         {"IPv6 DHCP force", Mode::delta, ipv6Step, [](auto &current, auto &) { current.ipv6.dhcpMode = 2; },
           "ipv6 address dhcp force\n"},
          {"IPv6 DHCP off", Mode::delta, ipv6Step, ipv6Changed([](Ipv6Interface &ip) { ip.dhcpMode = 0; }),
           "no ipv6 address dhcp\n"},
-         {"IPv6 DHCP off otherwise", Mode::delta, ipv6Step, [](auto &now, auto &) { now.ipv6.dhcpMode = 3; },
+         {"IPv6 DHCP off otherwise", Mode::delta, ipv6Step, [](auto &current, auto &) { current.ipv6.dhcpMode = 3; },
           "no ipv6 address dhcp\n"},
-         {"IPv6 order", Mode::delta, ipv6Step, [](auto &now, auto &) { now.ipv6 = someIpv6(); },
+         {"IPv6 order", Mode::delta, ipv6Step, [](auto &current, auto &) { current.ipv6 = someIpv6(); },
           "ipv6 enable\nipv6 address autoconfig\nipv6 address link-local fe80::33/64\n"
           "ipv6 address global 2001:db8::21/48 2001:db8::1\n"
           "ipv6 address dhcp rapid-commit\nipv6 address dhcp force\n"},

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "byte_changes.h"
+#include "lines.h"
 
 #include "app/run.h"
 #include "platform/mapi.h"
@@ -64,21 +65,19 @@ template <class Ports = PortBitmap> Ports portRange(unsigned first, unsigned las
     return set;
 }
 
+/// A field that the images hold different values of: `holding(FIELD(mirror), …)`.
+template <class Get, class Value> Given holding(Get field, Value inDefaults, Value inCurrent) {
+    return [=](ConfigImage &current, ConfigImage &defaults) {
+        field(defaults) = inDefaults;
+        field(current) = inCurrent;
+    };
+}
+
 // ----------------------------------------------------------------------------------------- VLAN mode, QinQ, isolation
 
-inline Given modeFrom(u8 from, u8 to) {
-    return [from, to](ConfigImage &current, ConfigImage &defaults) {
-        current.vlanMode = to;
-        defaults.vlanMode = from;
-    };
-}
+inline Given modeFrom(u8 defaults, u8 current) { return holding(FIELD(vlanMode), defaults, current); }
 
-inline Given isolated(Isolation before, Isolation after) {
-    return [before, after](ConfigImage &current, ConfigImage &defaults) {
-        defaults.isolation = before;
-        current.isolation = after;
-    };
-}
+inline Given isolated(Isolation defaults, Isolation current) { return holding(FIELD(isolation), defaults, current); }
 inline Isolation isolationOf(u8 enabled, PortBitmap uplinks) { return {enabled, uplinks, {}}; }
 
 inline PortVlan portVlan(const char *name, Bitmap<5> members = {}, u8 inUse = 1) {
@@ -90,11 +89,8 @@ inline PortVlan portVlan(const char *name, Bitmap<5> members = {}, u8 inUse = 1)
 }
 
 /// Entry 0 of both images.
-inline Given portVlanFrom(PortVlan before, PortVlan after) {
-    return [before, after](ConfigImage &current, ConfigImage &defaults) {
-        defaults.portVlans[0] = before;
-        current.portVlans[0] = after;
-    };
+inline Given portVlanFrom(PortVlan defaults, PortVlan current) {
+    return holding(FIELD(portVlans[0]), defaults, current);
 }
 
 const Bitmap<5> withCpu = ports<Bitmap<5>>({1, 29});
@@ -148,26 +144,19 @@ inline void noModes(ConfigImage &image) {
     for (VlanPort &port : image.vlanPorts) port.mode = 4;
 }
 /// VLANs on ports of modes without a line: entry `index` of the default and of the current image.
-inline Given vlanFrom(TagVlan before, TagVlan after, int index = 0) {
+inline Given vlanFrom(TagVlan inDefaults, TagVlan inCurrent, int index = 0) {
     return [=](ConfigImage &current, ConfigImage &defaults) {
         noModes(current);
         noModes(defaults);
-        defaults.tagVlans[index] = before;
-        current.tagVlans[index] = after;
+        defaults.tagVlans[index] = inDefaults;
+        current.tagVlans[index] = inCurrent;
     };
 }
 inline Given quietCurrent(Set set) { return both(noModes, set); }
 
-inline Given stpFrom(std::function<void(StpConfig &)> before, std::function<void(StpConfig &)> after) {
-    return [before, after](ConfigImage &current, ConfigImage &defaults) {
-        before(defaults.stp);
-        current.stp = defaults.stp;
-        after(current.stp);
-    };
-}
-/// A change of one value of the bridge, from a zero record.
-inline Given stpSet(std::function<void(StpConfig &)> after) {
-    return stpFrom([](StpConfig &) {}, after);
+/// A change of the bridge in the current image, from a zero record.
+inline Given stpSet(std::function<void(StpConfig &)> set) {
+    return current([set](ConfigImage &image) { set(image.stp); });
 }
 
 /// Values that have no line, on all ports.
@@ -197,11 +186,12 @@ inline Given stpPortsChanged(std::function<void(StpPorts &)> change) {
         [change](ConfigImage &image) { change(image.stpPorts); });
 }
 
-inline Given bpdusFrom(u8 before, std::initializer_list<u8> after) {
-    const std::vector<u8> flags = after;
-    return [before, flags](ConfigImage &current, ConfigImage &defaults) {
-        defaults.switchConfig.blockBpdu20to2F = defaults.switchConfig.blockBpdu00to0F = before;
-        defaults.switchConfig.blockBpdu10 = before;
+/// The default image holds one value for all three ranges, the current one its own for each.
+inline Given bpdusFrom(u8 inDefaults, std::initializer_list<u8> inCurrent) {
+    const std::vector<u8> flags = inCurrent;
+    return [inDefaults, flags](ConfigImage &current, ConfigImage &defaults) {
+        defaults.switchConfig.blockBpdu20to2F = defaults.switchConfig.blockBpdu00to0F = inDefaults;
+        defaults.switchConfig.blockBpdu10 = inDefaults;
         current.switchConfig.blockBpdu20to2F = flags[0];
         current.switchConfig.blockBpdu00to0F = flags[1];
         current.switchConfig.blockBpdu10 = flags[2];
@@ -215,21 +205,13 @@ inline TrunkGroup trunk(const char *name, Bitmap<8> members = {}, std::uint32_t 
     group.members = members;
     return group;
 }
-inline Given trunkFrom(TrunkGroup before, TrunkGroup after) {
-    return [before, after](ConfigImage &current, ConfigImage &defaults) {
-        defaults.trunks[0] = before;
-        current.trunks[0] = after;
-    };
-}
+inline Given trunkFrom(TrunkGroup defaults, TrunkGroup current) { return holding(FIELD(trunks[0]), defaults, current); }
 const Bitmap<8> twoPorts = ports<Bitmap<8>>({25, 26});
 
 using Rules = DistributionRules;
-inline Given rulesFrom(std::function<void(Rules &)> before, std::function<void(Rules &)> after) {
-    return [before, after](ConfigImage &current, ConfigImage &defaults) {
-        before(defaults.distribution);
-        current.distribution = defaults.distribution;
-        after(current.distribution);
-    };
+inline Given rulesFrom(std::function<void(Rules &)> set, std::function<void(Rules &)> setCurrent) {
+    return both([set](ConfigImage &image) { set(image.distribution); },
+                [setCurrent](ConfigImage &image) { setCurrent(image.distribution); });
 }
 inline void noRule(Rules &rules) { rules = {}; }
 inline void everyRule(Rules &rules) {
@@ -281,12 +263,7 @@ inline PortMirror mirrored(std::uint32_t set, std::uint32_t port, PortBitmap sou
     mirror.sources = sources;
     return mirror;
 }
-inline Given mirrorFrom(PortMirror before, PortMirror after) {
-    return [before, after](ConfigImage &current, ConfigImage &defaults) {
-        defaults.mirror = before;
-        current.mirror = after;
-    };
-}
+inline Given mirrorFrom(PortMirror defaults, PortMirror current) { return holding(FIELD(mirror), defaults, current); }
 
 /// A store in both images, then a change.
 inline Given loopChanged(std::function<void(LoopDetection &)> change) {
@@ -319,17 +296,11 @@ const std::string loopText = "loop-detection\n"
 const std::string loopPortsText = "interface 1-3 \nloop-detection\nexit\n"
                                   "interface 4-28 \nno loop-detection\nexit\n";
 
-inline Given loopPortsFrom(PortBitmap before, PortBitmap after) {
-    return [before, after](ConfigImage &current, ConfigImage &defaults) {
-        defaults.loopDetection.ports = before;
-        current.loopDetection.ports = after;
-    };
+inline Given loopPortsFrom(PortBitmap defaults, PortBitmap current) {
+    return holding(FIELD(loopDetection.ports), defaults, current);
 }
-inline Given lldpPortsFrom(PortBitmap before, PortBitmap after) {
-    return [before, after](ConfigImage &current, ConfigImage &defaults) {
-        defaults.lldp.ports = before;
-        current.lldp.ports = after;
-    };
+inline Given lldpPortsFrom(PortBitmap defaults, PortBitmap current) {
+    return holding(FIELD(lldp.ports), defaults, current);
 }
 
 inline MacEntry macEntry(Mac address, u8 port, std::uint32_t vlan, std::uint32_t inUse = 1) {
@@ -342,12 +313,7 @@ inline MacEntry macEntry(Mac address, u8 port, std::uint32_t vlan, std::uint32_t
 }
 constexpr Mac someMac = {{0x00, 0x1a, 0x2b, 0x3c, 0x4d, 0x5e}};
 constexpr Mac otherMac = {{0x00, 0x1a, 0x2b, 0x3c, 0x4d, 0x5f}};
-inline Given macFrom(MacEntry before, MacEntry after) {
-    return [before, after](ConfigImage &current, ConfigImage &defaults) {
-        defaults.macTable[127] = before;
-        current.macTable[127] = after;
-    };
-}
+inline Given macFrom(MacEntry defaults, MacEntry current) { return holding(FIELD(macTable[127]), defaults, current); }
 
 inline Given learningChanged(std::function<void(MacLearning &)> change) {
     return both(
@@ -358,19 +324,13 @@ inline Given learningChanged(std::function<void(MacLearning &)> change) {
         [change](ConfigImage &image) { change(image.macLearning); });
 }
 
-inline Given agingFrom(std::int32_t before, std::int32_t after) {
-    return [before, after](ConfigImage &current, ConfigImage &defaults) {
-        defaults.switchConfig.macAgingTime = before;
-        current.switchConfig.macAgingTime = after;
-    };
+inline Given agingFrom(std::int32_t defaults, std::int32_t current) {
+    return holding(FIELD(switchConfig.macAgingTime), defaults, current);
 }
 
-inline Given lldpFrom(std::function<void(LldpConfig &)> before, std::function<void(LldpConfig &)> after) {
-    return [before, after](ConfigImage &current, ConfigImage &defaults) {
-        before(defaults.lldp);
-        current.lldp = defaults.lldp;
-        after(current.lldp);
-    };
+inline Given lldpFrom(std::function<void(LldpConfig &)> set, std::function<void(LldpConfig &)> setCurrent) {
+    return both([set](ConfigImage &image) { set(image.lldp); },
+                [setCurrent](ConfigImage &image) { setCurrent(image.lldp); });
 }
 inline void noTlv(LldpConfig &config) { config = {}; }
 inline void everyTlv(LldpConfig &config) {
@@ -388,30 +348,6 @@ const std::string noTlvText = "no lldp tlv-select port-description\n"
                               "no lldp tlv-select system-description\n"
                               "no lldp tlv-select capability\n"
                               "no lldp tlv-select management-address\n";
-
-/// Offsets of bytes in the image.
-using Places = std::set<std::size_t>;
-
-inline Places span(std::size_t first, std::size_t length) {
-    Places places;
-    for (std::size_t i = 0; i < length; ++i) places.insert(first + i);
-    return places;
-}
-inline Places operator+(Places a, const Places &b) {
-    a.insert(b.begin(), b.end());
-    return a;
-}
-inline Places at(std::size_t base, const Places &places) {
-    Places moved;
-    for (const std::size_t place : places) moved.insert(base + place);
-    return moved;
-}
-/// `places` of each of `count` records.
-inline Places each(std::size_t base, std::size_t size, std::size_t count, const Places &places, std::size_t step = 1) {
-    Places all;
-    for (std::size_t i = 0; i < count; i += step) all = all + at(base + i * size, places);
-    return all;
-}
 
 /// A store in which as many bytes as possible are in use, so that a change of any byte that is read shows.
 inline void compose(ConfigImage &image) {
@@ -435,29 +371,9 @@ inline void compose(ConfigImage &image) {
     for (be16 &vlan : image.loopDetection.vlans) vlan = 0x0203;
 }
 
-enum class Image { current, defaults };
-
 /// The bytes from `first` on whose change, in one image, changes what the emitter writes for that store.
-inline Places read(Mode mode, const char *emitter, Image which, std::size_t first, std::size_t length) {
-    resetAll();
-    compose(*gSysConfig);
-    compose(*gDefConfig);
-    const auto text = [&] {
-        Temp_Configuration[0] = '\0';
-        callStep(mode, emitter);
-        return std::string(Temp_Configuration);
-    };
-    const std::string before = text();
-    u8 *const bytes = reinterpret_cast<u8 *>(which == Image::current ? gSysConfig : gDefConfig);
-    Places places;
-    for (std::size_t place = first; place < first + length; ++place) {
-        for (const u8 mask : {u8{0x01}, u8{0x02}, u8{0x80}, u8{0xff}}) {
-            bytes[place] ^= mask;
-            if (text() != before) places.insert(place);
-            bytes[place] ^= mask;
-        }
-    }
-    return places;
+inline Places read(Mode mode, const char *emitter, Image image, std::size_t first, std::size_t length) {
+    return bytesThatCount(mode, emitter, both(compose), image, span(first, length), severalBits);
 }
 
 struct ReadRow {

@@ -88,9 +88,9 @@ TEST(Layer2Reads, MacTable) {
     const std::size_t last = 121556 + 24 * 127;
     const Places entry = span(3, 8) + span(12, 4);
     const Places unused = each(121556 + 24, 24, 126, span(0, 4));
-    const Places addresses = span(121560, 6) + span(last + 4, 6);
+    const Places addressBytes = span(121560, 6) + span(last + 4, 6);
     expectReads({aging, 126360, 80, span(126376, 4), {}, span(126376, 4), span(126376, 4)});
-    expectReads({macTable, 121550, 3084, unused + at(121556, entry) + at(last, entry), {}, addresses, addresses});
+    expectReads({macTable, 121550, 3084, unused + at(121556, entry) + at(last, entry), {}, addressBytes, addressBytes});
     expectReads({macLearning, 124620, 132, span(124628, 112), {}, span(124628, 116), span(124628, 116)});
 }
 

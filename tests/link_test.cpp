@@ -28,50 +28,13 @@ ROWS(TrunkGroups, ({
                       {"gone", Mode::delta, trunks, trunkFrom(trunk("first"), {}), ""},
                   }));
 
-ROWS(Distribution,
-     ({
-         {"no rule", Mode::full, distribution, nothing, noRuleText},
-         {"every rule", Mode::full, distribution, rulesFrom(noRule, everyRule), everyRuleText},
-         {"no rule", Mode::delta, distribution, rulesFrom(everyRule, noRule), noRuleText},
-         {"every rule", Mode::delta, distribution, rulesFrom(noRule, everyRule), everyRuleText},
-         {"same in both images", Mode::delta, distribution, rulesFrom(everyRule, [](Rules &) {}), ""},
-         {"destination ip", Mode::delta, distribution, rulesFrom(noRule, [](Rules &r) { r.destinationIp = 1; }),
-          "channel-group distribution-rule destination-ip\n"},
-         {"source ip", Mode::delta, distribution, rulesFrom(noRule, [](Rules &r) { r.sourceIp = 1; }),
-          "channel-group distribution-rule source-ip\n"},
-         {"destination l4 port", Mode::delta, distribution,
-          rulesFrom(noRule, [](Rules &r) { r.destinationL4Port = 1; }),
-          "channel-group distribution-rule destination-L4-port\n"},
-         {"source l4 port", Mode::delta, distribution, rulesFrom(noRule, [](Rules &r) { r.sourceL4Port = 1; }),
-          "channel-group distribution-rule source-L4-port\n"},
-         {"destination mac", Mode::delta, distribution, rulesFrom(noRule, [](Rules &r) { r.destinationMac = 1; }),
-          "channel-group distribution-rule destination-mac\n"},
-         {"source mac", Mode::delta, distribution, rulesFrom(noRule, [](Rules &r) { r.sourceMac = 1; }),
-          "channel-group distribution-rule source-mac\n"},
-         {"on with another value", Mode::delta, distribution, rulesFrom(everyRule, [](Rules &r) { r.sourceMac = 2; }),
-          "channel-group distribution-rule source-mac\n"},
-         {"one rule, source ip", Mode::full, distribution, rulesFrom(noRule, [](Rules &r) { r.sourceIp = 256; }),
-          "no channel-group distribution-rule destination-ip\n"
-          "channel-group distribution-rule source-ip\n"
-          "no channel-group distribution-rule destination-L4-port\n"
-          "no channel-group distribution-rule source-L4-port\n"
-          "no channel-group distribution-rule destination-mac\n"
-          "no channel-group distribution-rule source-mac\n"},
-         {"one rule, source l4 port", Mode::full, distribution, rulesFrom(noRule, [](Rules &r) { r.sourceL4Port = 1; }),
-          "no channel-group distribution-rule destination-ip\n"
-          "no channel-group distribution-rule source-ip\n"
-          "no channel-group distribution-rule destination-L4-port\n"
-          "channel-group distribution-rule source-L4-port\n"
-          "no channel-group distribution-rule destination-mac\n"
-          "no channel-group distribution-rule source-mac\n"},
-         {"one rule, source mac", Mode::full, distribution, rulesFrom(noRule, [](Rules &r) { r.sourceMac = 1; }),
-          "no channel-group distribution-rule destination-ip\n"
-          "no channel-group distribution-rule source-ip\n"
-          "no channel-group distribution-rule destination-L4-port\n"
-          "no channel-group distribution-rule source-L4-port\n"
-          "no channel-group distribution-rule destination-mac\n"
-          "channel-group distribution-rule source-mac\n"},
-     }));
+ROWS(Distribution, ({
+                       {"no rule", Mode::full, distribution, nothing, noRuleText},
+                       {"every rule", Mode::full, distribution, rulesFrom(noRule, everyRule), everyRuleText},
+                       {"no rule", Mode::delta, distribution, rulesFrom(everyRule, noRule), noRuleText},
+                       {"every rule", Mode::delta, distribution, rulesFrom(noRule, everyRule), everyRuleText},
+                       {"same in both images", Mode::delta, distribution, rulesFrom(everyRule, [](Rules &) {}), ""},
+                   }));
 
 ROWS(Lacp,
      ({
@@ -233,25 +196,6 @@ ROWS(LoopDetection,
          {"same in both images", Mode::delta, loop, loopChanged([](LoopDetection &) {}), ""},
          {"everything", Mode::delta, loop, loopOnBoard(0), loopText},
          {"board 5027", Mode::delta, loop, loopOnBoard(5027), ""},
-         {"switched off", Mode::delta, loop, loopChanged([](LoopDetection &detection) { detection.enabled = 0; }),
-          "no loop-detection\n"},
-         {"on with another value", Mode::delta, loop,
-          loopChanged([](LoopDetection &detection) { detection.enabled = 2; }), "loop-detection\n"},
-         {"interval", Mode::delta, loop, loopChanged([](LoopDetection &detection) { detection.interval = 0; }),
-          "loop-detection interval 0\n"},
-         {"unlock interval", Mode::delta, loop,
-          loopChanged([](LoopDetection &detection) { detection.unlockInterval = 0; }),
-          "loop-detection unlock-interval 0\n"},
-         {"not on all VLANs", Mode::delta, loop, loopChanged([](LoopDetection &detection) { detection.allVlans = 0; }),
-          "no loop-detection all-vlan\n"},
-         {"on all VLANs with another value", Mode::delta, loop,
-          loopChanged([](LoopDetection &detection) { detection.allVlans = 2; }), "loop-detection all-vlan\n"},
-         {"a cleared slot", Mode::delta, loop, loopChanged([](LoopDetection &detection) { detection.vlans[0] = 0; }),
-          ""},
-         {"a filled slot", Mode::delta, loop, loopChanged([](LoopDetection &detection) { detection.vlans[1] = 20; }),
-          "loop-detection vlan-id 20\n"},
-         {"a changed slot", Mode::delta, loop, loopChanged([](LoopDetection &detection) { detection.vlans[3] = 41; }),
-          "loop-detection vlan-id 41\n"},
          {"slots swapped", Mode::delta, loop, loopChanged([](LoopDetection &detection) {
               detection.vlans[0] = 40;
               detection.vlans[3] = 10;
@@ -370,27 +314,6 @@ ROWS(Lldp,
           "lldp interval 30\n"
           "lldp packets 65535\n" +
               everyTlvText},
-         {"hold time", Mode::delta, lldp, lldpFrom(noTlv, [](LldpConfig &config) { config.holdTime = 256; }),
-          "lldp hold-time 256\n"},
-         {"interval", Mode::delta, lldp, lldpFrom(noTlv, [](LldpConfig &config) { config.interval = 256; }),
-          "lldp interval 256\n"},
-         {"packets", Mode::delta, lldp, lldpFrom(noTlv, [](LldpConfig &config) { config.packets = 256; }),
-          "lldp packets 256\n"},
-         {"port description", Mode::delta, lldp,
-          lldpFrom(noTlv, [](LldpConfig &config) { config.portDescription = 1; }),
-          "lldp tlv-select port-description\n"},
-         {"system name", Mode::delta, lldp, lldpFrom(noTlv, [](LldpConfig &config) { config.systemName = 1; }),
-          "lldp tlv-select system-name\n"},
-         {"system description", Mode::delta, lldp,
-          lldpFrom(noTlv, [](LldpConfig &config) { config.systemDescription = 1; }),
-          "lldp tlv-select system-description\n"},
-         {"capability", Mode::delta, lldp, lldpFrom(noTlv, [](LldpConfig &config) { config.capability = 1; }),
-          "lldp tlv-select capability\n"},
-         {"management address", Mode::delta, lldp,
-          lldpFrom(noTlv, [](LldpConfig &config) { config.managementAddress = 1; }),
-          "lldp tlv-select management-address\n"},
-         {"on with another value", Mode::delta, lldp,
-          lldpFrom(everyTlv, [](LldpConfig &config) { config.capability = 1; }), "lldp tlv-select capability\n"},
          {"no port", Mode::full, lldpPorts, lldpPortsFrom({}, ports({29, 32})), "interface 1-28 \nno lldp\nexit\n"},
          {"all ports", Mode::full, lldpPorts, lldpPortsFrom({}, portRange(1, 28)), "interface 1-28 \nlldp\nexit\n"},
          {"some ports", Mode::full, lldpPorts, lldpPortsFrom({}, ports({1, 28})),

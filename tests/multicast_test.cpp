@@ -112,13 +112,12 @@ TEST(Segments, BytesThatCount) {
     ASSERT_EQ("ip igmp segment 0\nexit\nip igmp segment 0\nexit\n", unchanged);
     for (const std::size_t at : {segmentsAt, segmentsAt + 399 * 44}) {
         expectRead(segments, given, at, at + 43, {{at, at}, {at + 2, at + 35}});
-        for (std::size_t byte = 0; byte < 44; ++byte) {
-            const std::string text = textOfStep(Mode::delta, segments, withByte(given, at + byte, 0x40));
-            const bool isName = 4 <= byte && byte < 28;
-            const bool isRange = 28 <= byte && byte < 36;
-            EXPECT_EQ(isName, text.find("name ") != std::string::npos) << byte;
-            EXPECT_EQ(isRange, text.find("range ") != std::string::npos) << byte;
-            EXPECT_EQ(isName || isRange || byte == 0 || byte == 2 || byte == 3, text != unchanged) << byte;
+        const ChangedTexts texts = changedTexts(Mode::delta, segments, given, Image::current, span(at, 44), oneBit);
+        EXPECT_EQ((Places{at, {at + 2, at + 35}}), placesOf(texts));
+        for (const auto &[offset, text] : texts) {
+            const std::size_t byte = offset - at;
+            EXPECT_EQ(4 <= byte && byte < 28, text.find("name ") != std::string::npos) << byte;
+            EXPECT_EQ(28 <= byte && byte < 36, text.find("range ") != std::string::npos) << byte;
         }
     }
     expectRead(segments, nothing, segmentsAt - 8, segmentsAt - 1, {});
@@ -192,11 +191,10 @@ TEST(Profiles, BytesThatCount) {
     ASSERT_EQ("ip igmp profile " + letters(25) + "\nexit\nip igmp profile " + letters(25) + "\nexit\n", unchanged);
     for (const std::size_t at : {profilesAt, profilesAt + 59 * 52}) {
         expectRead(profiles, given, at, at + 51, {{at, at + 45}});
-        for (std::size_t byte = 0; byte < 52; ++byte) {
-            const std::string text = textOfStep(Mode::delta, profiles, withByte(given, at + byte, 0x40));
-            EXPECT_EQ(26 <= byte && byte < 46, text.find("\nsegment ") != std::string::npos) << byte;
-            EXPECT_EQ(byte < 46, text != unchanged) << byte;
-        }
+        const ChangedTexts texts = changedTexts(Mode::delta, profiles, given, Image::current, span(at, 52), oneBit);
+        EXPECT_EQ(span(at, 46), placesOf(texts));
+        for (const auto &[offset, text] : texts)
+            EXPECT_EQ(26 <= offset - at, text.find("\nsegment ") != std::string::npos) << offset;
     }
     expectRead(profiles, nothing, profilesAt - 8, profilesAt - 1, {});
     expectRead(profiles, nothing, filtersAt, filtersAt + 60, {});
@@ -402,12 +400,12 @@ TEST(IgmpVlans, Bytes) {
         for (ConfigImage *image : {&current, &defaults})
             for (const int byte : {0, 511}) image->igmpVlans.inUse.bytes[byte] = 0xff;
     };
-    std::vector<std::pair<std::size_t, std::size_t>> read;
+    Places read;
     std::vector<Counting> counting;
     for (std::size_t vlan = 1; vlan <= 4094; ++vlan) {
         if (vlan >= 8 && vlan < 4088) continue;
         const std::size_t record = vlansAt + 514 + 4 * vlan;
-        read.push_back({record + 2, record + 3});
+        read.add(record + 2, record + 3);
         counting.push_back({record + 2, record + 2, "ip igmp snooping vlan " + std::to_string(vlan) + "\n"});
         counting.push_back({record + 3, record + 3, "ip igmp snooping vlan " + std::to_string(vlan) + " query\n"});
     }

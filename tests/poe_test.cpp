@@ -387,13 +387,13 @@ TEST(PoePorts, Bytes) {
                 image->poePorts[i].scheduleName.characters[32] = static_cast<char>('A' + i);
             }
     });
-    std::vector<std::pair<std::size_t, std::size_t>> read;
+    Places read;
     std::vector<Counting> counting;
     for (std::size_t port = 0; port < 24; ++port) {
         const std::size_t at = portsAt + 80 * port;
         const std::string number = std::to_string(port + 1);
-        read.push_back({at, at + 68});
-        read.push_back({at + 72, at + 75});
+        read.add(at, at + 68);
+        read.add(at + 72, at + 75);
         counting.push_back({at, at + 32, "interface " + number + "\npoe pdname "});
         // The changed port has a value without a line; the others are written.
         const std::string others = port == 0 ? "interface 2-24 \n" : "interface 1";

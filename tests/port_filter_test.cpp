@@ -275,11 +275,11 @@ TEST(PortFilters, Bytes) {
             for (PortFilter &filter : image->portFilters.port)
                 for (auto &profile : filter.profile) profile = letters(24).c_str();
     };
-    std::vector<std::pair<std::size_t, std::size_t>> read;
+    Places read;
     std::vector<Counting> counting;
     for (std::size_t port = 0; port < 28; ++port) {
         const std::size_t at = filtersAt + 102 * port;
-        read.push_back({at + 2, at + 100});
+        read.add(at + 2, at + 100);
         counting.push_back({at + 2, at + 97, "interface "});
         counting.push_back({at + 98, at + 99, "interface "});
         counting.push_back({at + 100, at + 100, "interface "});
@@ -381,7 +381,7 @@ TEST(StaticMulticast, Bytes) {
             }
         };
         // Of the valid word only its last byte is changed to 0.
-        const std::vector<std::pair<std::size_t, std::size_t>> ipv4Read = {{at + 3, at + 8}, {at + 12, at + 15}};
+        const Places ipv4Read = {{at + 3, at + 8}, {at + 12, at + 15}};
         expectRead(staticGroups, ipv4, at, at + 39, ipv4Read);
         expectCounting(staticGroups, ipv4, at, at + 39, {{at + 4, at + 7, "interface 1\n"}});
 

@@ -365,11 +365,11 @@ ROWS(RemarkingEntries,
 
 TEST(Remarking, BytesThatAreRead) {
     expectRead(remark, nothing, remarkingAt - 4, remarkingAt + 68 + 3, {{remarkingAt, remarkingAt + 1}});
-    std::vector<std::pair<std::size_t, std::size_t>> priorities;
-    std::vector<std::pair<std::size_t, std::size_t>> values;
+    Places priorities;
+    Places values;
     for (std::size_t i = 0; i < 8; ++i) {
-        priorities.push_back({remarkingAt + 7 + 4 * i, remarkingAt + 7 + 4 * i});
-        values.push_back({remarkingAt + 38 + 4 * i, remarkingAt + 39 + 4 * i});
+        priorities.add(remarkingAt + 7 + 4 * i, remarkingAt + 7 + 4 * i);
+        values.add(remarkingAt + 38 + 4 * i, remarkingAt + 39 + 4 * i);
     }
     expectRead(priorityEntries, nothing, remarkingAt - 4, remarkingAt + 68 + 3, priorities);
     expectRead(dscpEntries, nothing, remarkingAt - 4, remarkingAt + 68 + 3, values);
@@ -548,8 +548,7 @@ TEST(RateLimits, BytesThatAreRead) {
         EXPECT_EQ("", textOfStep(Mode::full, rates, unused));
         EXPECT_NE("", textOfStep(Mode::full, rates, withByte(given, bitmap + 3, 0x08)));
     }
-    std::vector<std::pair<std::size_t, std::size_t>> spans = {{rateLimitsAt + 4, rateLimitsAt + 230},
-                                                              {rateLimitsAt + 232, rateLimitsAt + 234}};
+    const Places spans = {{rateLimitsAt + 4, rateLimitsAt + 230}, {rateLimitsAt + 232, rateLimitsAt + 234}};
     expectRead(rates, given, rateLimitsAt, rateLimitsAt + 239, spans);
 }
 

@@ -3,6 +3,7 @@
 #include "rows.h"
 
 #include "app/run.h"
+#include "app/verbs.h"
 #include "platform/mapi.h"
 
 #include <csignal>
@@ -11,6 +12,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <set>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -131,7 +133,7 @@ const Calls asPage(int selector) {
 
 // --------------------------------------------------------------------------------------------------------- good runs
 
-struct Verb {
+struct ExpectedVerb {
     const char *word;
     int selector;
     int portDown; ///< the port that its image shuts down
@@ -139,10 +141,29 @@ struct Verb {
     bool page;
 };
 
-class Verbs : public Run, public testing::WithParamInterface<Verb> {};
+const ExpectedVerb expectedVerbs[] = {
+    {"default_config", 1, 2, false, false},          {"running_config", 0, 1, false, false},
+    {"startup_config", 2, 3, false, false},          {"customer_def_config", 3, 4, false, false},
+    {"default_config_delta", 1, 2, true, false},     {"running_config_delta", 0, 1, true, false},
+    {"startup_config_delta", 2, 3, true, false},     {"customer_def_config_delta", 3, 4, true, false},
+    {"default_config_page", 1, 2, false, true},      {"running_config_page", 0, 1, false, true},
+    {"startup_config_page", 2, 3, false, true},      {"customer_def_config_page", 3, 4, false, true},
+    {"default_config_delta_page", 1, 2, true, true}, {"running_config_delta_page", 0, 1, true, true},
+    {"startup_config_delta_page", 2, 3, true, true}, {"customer_def_config_delta_page", 3, 4, true, true},
+};
+
+TEST(VerbTable, HasTheWordsThatAreTried) {
+    std::multiset<std::string> tried;
+    std::multiset<std::string> words;
+    for (const ExpectedVerb &verb : expectedVerbs) tried.insert(verb.word);
+    for (const Verb &verb : verbs) words.insert(verb.word);
+    EXPECT_EQ(tried, words);
+}
+
+class Verbs : public Run, public testing::WithParamInterface<ExpectedVerb> {};
 
 TEST_P(Verbs, RendersItsImageWithItsDriver) {
-    const Verb &verb = GetParam();
+    const ExpectedVerb &verb = GetParam();
     std::vector<std::pair<int, const void *>> fetched;
     platform.onConfig = [&](std::int32_t selector, const void *image) { fetched.emplace_back(selector, image); };
     EXPECT_EQ(silentSuccess, run({verb.word, "-f", path}));
@@ -166,18 +187,8 @@ TEST_P(Verbs, RendersItsImageWithItsDriver) {
     EXPECT_EQ(!verb.delta, text.find("\ninterface 1-28 \nno duplex\nexit\n") != std::string::npos) << text;
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Run, Verbs,
-    testing::Values(
-        Verb{"default_config", 1, 2, false, false}, Verb{"running_config", 0, 1, false, false},
-        Verb{"startup_config", 2, 3, false, false}, Verb{"customer_def_config", 3, 4, false, false},
-        Verb{"default_config_delta", 1, 2, true, false}, Verb{"running_config_delta", 0, 1, true, false},
-        Verb{"startup_config_delta", 2, 3, true, false}, Verb{"customer_def_config_delta", 3, 4, true, false},
-        Verb{"default_config_page", 1, 2, false, true}, Verb{"running_config_page", 0, 1, false, true},
-        Verb{"startup_config_page", 2, 3, false, true}, Verb{"customer_def_config_page", 3, 4, false, true},
-        Verb{"default_config_delta_page", 1, 2, true, true}, Verb{"running_config_delta_page", 0, 1, true, true},
-        Verb{"startup_config_delta_page", 2, 3, true, true}, Verb{"customer_def_config_delta_page", 3, 4, true, true}),
-    [](const auto &verb) { return std::string(verb.param.word); });
+INSTANTIATE_TEST_SUITE_P(Run, Verbs, testing::ValuesIn(expectedVerbs),
+                         [](const auto &verb) { return std::string(verb.param.word); });
 
 TEST_F(Run, FetchesWholeImagesAndTheBoard) {
     for (int selector = 0; selector < 2; ++selector) {

@@ -61,39 +61,21 @@ constexpr Ipv6 documentation = {{0x20, 0x01, 0x0d, 0xb8, 0, 0, 0, 0, 0, 0, 0, 0,
 
 // ------------------------------------------------------------------------------------------ which bytes are read
 
-/// First and last byte of the image.
-using Span = std::pair<int, int>;
-using Spans = std::vector<Span>;
-
-/// The bytes of `image` within `within` that change the text of a step when all their bits are turned over.
-inline Spans bytesThatCount(Mode mode, const char *emitter, const Given &given, ConfigImage *image,
-                            const Spans &within) {
-    const std::string text = textOfStep(mode, emitter, given);
-    unsigned char *const bytes = reinterpret_cast<unsigned char *>(image);
-    Spans spans;
-    for (const auto &[first, last] : within)
-        for (int at = first; at <= last; ++at) {
-            bytes[at] ^= 0xff;
-            Temp_Configuration[0] = '\0';
-            callStep(mode, emitter);
-            bytes[at] ^= 0xff;
-            if (text == Temp_Configuration) continue;
-            if (!spans.empty() && spans.back().second == at - 1) spans.back().second = at;
-            else spans.emplace_back(at, at);
-        }
-    return spans;
+/// The bytes of `within`, in one image, that change the text of a step when all their bits are turned over.
+inline Places bytesTurnedOver(Mode mode, const char *emitter, const Given &given, Image image, const Places &within) {
+    return bytesThatCount(mode, emitter, given, image, within, allBits);
 }
 
 /// Bytes around the sections of the area.
-const Spans around = {{124740, 125099}, {126240, 126370}, {147380, 147600}, {149380, 149500}, {151150, 151310},
-                      {151340, 151600}, {180300, 180440}, {202690, 202715}, {206940, 206970}};
+const Places around = {{124740, 125099}, {126240, 126370}, {147380, 147600}, {149380, 149500}, {151150, 151310},
+                       {151340, 151600}, {180300, 180440}, {202690, 202715}, {206940, 206970}};
 
 /// What the full text of a step reads of the current image, and what its delta text compares in the default image.
 struct Reads {
     const char *emitter;
     Given given;
-    Spans full;
-    Spans delta;
+    Places full;
+    Places delta;
 };
 
 /// Texts that fill their fields, alike in both images, and valid entries at both ends of the tables.
@@ -460,18 +442,20 @@ inline Given stormChange(std::function<void(StormControl &)> set) {
         },
         [set](ConfigImage &image) { set(image.storm); });
 }
-inline Given uplinks(std::initializer_list<unsigned> ports, std::initializer_list<unsigned> before = {}) {
-    const std::vector<unsigned> now = ports;
-    const std::vector<unsigned> was = before;
+inline Given uplinks(std::initializer_list<unsigned> inCurrent, std::initializer_list<unsigned> inDefaults = {}) {
+    PortBitmap currentPorts = {};
+    PortBitmap defaultPorts = {};
+    put(currentPorts, inCurrent);
+    put(defaultPorts, inDefaults);
     return [=](ConfigImage &current, ConfigImage &defaults) {
-        for (const unsigned port : now) current.isolation.uplinks.set(port - 1);
-        for (const unsigned port : was) defaults.isolation.uplinks.set(port - 1);
+        current.isolation.uplinks = currentPorts;
+        defaults.isolation.uplinks = defaultPorts;
     };
 }
-inline Given allUplinks(u8 lastByte, u8 lastByteBefore) {
+inline Given allUplinks(u8 lastByte, u8 defaultLastByte) {
     return [=](ConfigImage &current, ConfigImage &defaults) {
         current.isolation.uplinks = {{255, 255, 255, lastByte}};
-        defaults.isolation.uplinks = {{255, 255, 255, lastByteBefore}};
+        defaults.isolation.uplinks = {{255, 255, 255, defaultLastByte}};
     };
 }
 
@@ -491,14 +475,14 @@ inline std::string limitsOf(const Given &given) {
     return Temp_Configuration;
 }
 
-inline std::string serverTrust(const ServerTrust &now) {
+inline std::string serverTrust(const ServerTrust &current) {
     resetAll();
-    EXPECT_EQ(0, full::convConfigSKAConfig2_SKAConfig2_configure_interface_ip_dhcp_server_trust(now));
+    EXPECT_EQ(0, full::convConfigSKAConfig2_SKAConfig2_configure_interface_ip_dhcp_server_trust(current));
     return Temp_Configuration;
 }
-inline std::string serverTrust(const ServerTrust &now, const ServerTrust &before) {
+inline std::string serverTrust(const ServerTrust &current, const ServerTrust &defaults) {
     resetAll();
-    EXPECT_EQ(0, delta::convConfigSKAConfig2_SKAConfig2_configure_interface_ip_dhcp_server_trust(now, before));
+    EXPECT_EQ(0, delta::convConfigSKAConfig2_SKAConfig2_configure_interface_ip_dhcp_server_trust(current, defaults));
     return Temp_Configuration;
 }
 
@@ -537,12 +521,12 @@ inline void composeSecurity(ConfigImage &current, ConfigImage &defaults) {
     web.destinationL4Mask[0] = 0xff;
     web.destinationL4Mask[1] = 0xfe;
     web.rateLimit = 1000;
-    AclRule &webBefore = defaults.acl[0];
-    webBefore.valid = 1;
-    webBefore.number = 1;
-    webBefore.actionPort = 4;
-    webBefore.protocol = "11";
-    webBefore.match.set(AclMatch::protocol).set(AclMatch::destinationMac);
+    AclRule &webByDefault = defaults.acl[0];
+    webByDefault.valid = 1;
+    webByDefault.number = 1;
+    webByDefault.actionPort = 4;
+    webByDefault.protocol = "11";
+    webByDefault.match.set(AclMatch::protocol).set(AclMatch::destinationMac);
     AclRule &voice = current.acl[7];
     voice.valid = 1;
     voice.number = 130;

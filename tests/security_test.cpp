@@ -78,10 +78,10 @@ TEST(SecurityBytes, AreThoseOfTheSections) {
         {emptyStorm, everyTextFilled, {}, {}},
     };
     for (const Reads &reads : all) {
-        EXPECT_EQ(reads.full, bytesThatCount(Mode::full, reads.emitter, reads.given, gSysConfig, around))
+        EXPECT_EQ(reads.full, bytesTurnedOver(Mode::full, reads.emitter, reads.given, Image::current, around))
             << reads.emitter;
         if (hasTwin(reads.emitter)) {
-            EXPECT_EQ(reads.delta, bytesThatCount(Mode::delta, reads.emitter, reads.given, gDefConfig, around))
+            EXPECT_EQ(reads.delta, bytesTurnedOver(Mode::delta, reads.emitter, reads.given, Image::defaults, around))
                 << reads.emitter;
         }
     }
@@ -89,8 +89,8 @@ TEST(SecurityBytes, AreThoseOfTheSections) {
 
 TEST(SecurityBytes, OfTheDefaultImageInFullModeAreTheCircuitIds) {
     for (const char *emitter : emitters) {
-        const Spans expected = emitter == portDhcp ? Spans{{149444, 149500}, {151150, 151235}} : Spans{};
-        EXPECT_EQ(expected, bytesThatCount(Mode::full, emitter, everyTextFilled, gDefConfig, around)) << emitter;
+        const Places expected = emitter == portDhcp ? Places{{149444, 149500}, {151150, 151235}} : Places{};
+        EXPECT_EQ(expected, bytesTurnedOver(Mode::full, emitter, everyTextFilled, Image::defaults, around)) << emitter;
     }
 }
 

@@ -139,26 +139,26 @@ std::string snmpText(Mode mode, std::uint32_t capabilities) {
 
 ROWS(SnmpAgent,
      ({
-         {"service off", Mode::full, service, [](auto &, auto &then) { then.service.snmpEnabled = 1; },
+         {"service off", Mode::full, service, [](auto &, auto &defaults) { defaults.service.snmpEnabled = 1; },
           "no snmp-server\n"},
-         {"service on", Mode::full, service, [](auto &now, auto &) { now.service.snmpEnabled = 1; }, "snmp-server\n"},
-         {"service on by any value", Mode::full, service, [](auto &now, auto &) { now.service.snmpEnabled = 128; },
+         {"service on", Mode::full, service, [](auto &current, auto &) { current.service.snmpEnabled = 1; }, "snmp-server\n"},
+         {"service on by any value", Mode::full, service, [](auto &current, auto &) { current.service.snmpEnabled = 128; },
           "snmp-server\n"},
          {"service at its place", Mode::full, service,
-          [](auto &now, auto &) { reinterpret_cast<u8 *>(&now)[1612 + 9] = 1; }, "snmp-server\n"},
+          [](auto &current, auto &) { reinterpret_cast<u8 *>(&current)[1612 + 9] = 1; }, "snmp-server\n"},
          {"service equal", Mode::delta, service,
-          [](auto &now, auto &then) {
-              now.service.snmpEnabled = then.service.snmpEnabled = 1;
-              now.service.webEnabled = now.service.reserved8.bytes[0] = 1;
+          [](auto &current, auto &defaults) {
+              current.service.snmpEnabled = defaults.service.snmpEnabled = 1;
+              current.service.webEnabled = current.service.reserved8.bytes[0] = 1;
           },
           ""},
-         {"service on", Mode::delta, service, [](auto &now, auto &) { now.service.snmpEnabled = 1; }, "snmp-server\n"},
-         {"service off", Mode::delta, service, [](auto &, auto &then) { then.service.snmpEnabled = 1; },
+         {"service on", Mode::delta, service, [](auto &current, auto &) { current.service.snmpEnabled = 1; }, "snmp-server\n"},
+         {"service off", Mode::delta, service, [](auto &, auto &defaults) { defaults.service.snmpEnabled = 1; },
           "no snmp-server\n"},
          {"service on otherwise", Mode::delta, service,
-          [](auto &now, auto &then) {
-              now.service.snmpEnabled = 2;
-              then.service.snmpEnabled = 1;
+          [](auto &current, auto &defaults) {
+              current.service.snmpEnabled = 2;
+              defaults.service.snmpEnabled = 1;
           },
           "snmp-server\n"},
 
@@ -166,24 +166,24 @@ ROWS(SnmpAgent,
          {"a community", Mode::full, agent, onlyCommunity([](Community &) {}),
           "snmp-server community public\nactive\ndescription graphs\nlevel rw\nexit\n"},
          {"factory communities go first", Mode::full, agent,
-          [](auto &now, auto &then) {
-              then.communities[0] = now.communities[0] = someCommunity("public");
-              then.communities[9] = someCommunity("private");
+          [](auto &current, auto &defaults) {
+              defaults.communities[0] = current.communities[0] = someCommunity("public");
+              defaults.communities[9] = someCommunity("private");
           },
           "no snmp-server community public\nno snmp-server community private\n"
           "snmp-server community public\nactive\ndescription graphs\nlevel rw\nexit\n"},
          {"factory community without name", Mode::full, agent,
-          [](auto &, auto &then) { then.communities[0] = someCommunity(""); }, ""},
+          [](auto &, auto &defaults) { defaults.communities[0] = someCommunity(""); }, ""},
          {"factory community not in use", Mode::full, agent,
-          [](auto &, auto &then) {
-              then.communities[0] = someCommunity("public");
-              then.communities[0].inUse = 0;
+          [](auto &, auto &defaults) {
+              defaults.communities[0] = someCommunity("public");
+              defaults.communities[0].inUse = 0;
           },
           ""},
          {"factory community in use by any value", Mode::full, agent,
-          [](auto &, auto &then) {
-              then.communities[0] = someCommunity("public");
-              then.communities[0].inUse = 255;
+          [](auto &, auto &defaults) {
+              defaults.communities[0] = someCommunity("public");
+              defaults.communities[0].inUse = 255;
           },
           "no snmp-server community public\n"},
          {"a community not in use", Mode::full, agent, onlyCommunity([](Community &it) { it.inUse = 0; }), ""},
@@ -192,21 +192,21 @@ ROWS(SnmpAgent,
          {"a community without name keeps its body", Mode::full, agent,
           onlyCommunity([](Community &it) { it.name = ""; }), "active\ndescription graphs\nlevel rw\nexit\n"},
          {"first and last place", Mode::full, agent,
-          [](auto &now, auto &) {
+          [](auto &current, auto &) {
               for (int i : {9, 0}) {
-                  now.communities[i].inUse = 1;
-                  now.communities[i].name = i == 9 ? "last" : "first";
+                  current.communities[i].inUse = 1;
+                  current.communities[i].name = i == 9 ? "last" : "first";
               }
           },
           "snmp-server community first\nno active\nexit\nsnmp-server community last\nno active\nexit\n"},
          {"levels", Mode::full, agent,
-          [](auto &now, auto &) {
+          [](auto &current, auto &) {
               for (u8 i = 0; i < 5; ++i) {
-                  now.communities[i].inUse = 1;
-                  now.communities[i].level = i;
+                  current.communities[i].inUse = 1;
+                  current.communities[i].level = i;
               }
-              now.communities[5].inUse = 1;
-              now.communities[5].level = 255;
+              current.communities[5].inUse = 1;
+              current.communities[5].level = 255;
           },
           "no active\nexit\nno active\nlevel ro\nexit\nno active\nlevel rw\nexit\nno active\nlevel admin\nexit\n"
           "no active\nlevel unknown\nexit\nno active\nlevel unknown\nexit\n"},
@@ -218,14 +218,14 @@ ROWS(SnmpAgent,
           }),
           "snmp-server community " + letters(24) + "\nactive\ndescription " + letters(57) + "\nlevel rw\nexit\n"},
          {"full factory name", Mode::full, agent,
-          [](auto &, auto &then) {
-              then.communities[0] = someCommunity("");
-              then.communities[0].name = letters(24).c_str();
+          [](auto &, auto &defaults) {
+              defaults.communities[0] = someCommunity("");
+              defaults.communities[0].name = letters(24).c_str();
           },
           "no snmp-server community " + letters(24) + "\n"},
          {"community places", Mode::full, agent,
-          [](auto &now, auto &) {
-              u8 *const entry = reinterpret_cast<u8 *>(&now) + 126432 + 9 * 104;
+          [](auto &current, auto &) {
+              u8 *const entry = reinterpret_cast<u8 *>(&current) + 126432 + 9 * 104;
               entry[0] = 1;
               entry[1] = 1;
               entry[2] = 'n';
@@ -238,47 +238,47 @@ ROWS(SnmpAgent,
          {"new community", Mode::delta, agent, onlyCommunity([](Community &) {}),
           "snmp-server community public\nactive\ndescription graphs\nlevel rw\nexit\n"},
          {"new community at the last place", Mode::delta, agent,
-          [](auto &now, auto &) { now.communities[9] = someCommunity("last"); },
+          [](auto &current, auto &) { current.communities[9] = someCommunity("last"); },
           "snmp-server community last\nactive\ndescription graphs\nlevel rw\nexit\n"},
          {"new community without name", Mode::delta, agent, onlyCommunity([](Community &it) { it.name = ""; }), ""},
          {"removed communities of the first and last place", Mode::delta, agent,
-          [](auto &, auto &then) {
-              then.communities[9] = someCommunity("last");
-              then.communities[0] = someCommunity("first");
-              then.communities[0].inUse = 128;
+          [](auto &, auto &defaults) {
+              defaults.communities[9] = someCommunity("last");
+              defaults.communities[0] = someCommunity("first");
+              defaults.communities[0].inUse = 128;
           },
           "no snmp-server community first\nno snmp-server community last\n"},
          {"removed community keeping its name", Mode::delta, agent, communityChanged([](Community &it) { it.inUse = 0; }),
           ""},
          {"removed community that was not in use", Mode::delta, agent,
-          [](auto &, auto &then) {
-              then.communities[0] = someCommunity("public");
-              then.communities[0].inUse = 0;
+          [](auto &, auto &defaults) {
+              defaults.communities[0] = someCommunity("public");
+              defaults.communities[0].inUse = 0;
           },
           ""},
          {"removed community without name", Mode::delta, agent,
-          [](auto &now, auto &then) {
-              then.communities[0] = someCommunity("");
-              now.communities[0].name = "free";
+          [](auto &current, auto &defaults) {
+              defaults.communities[0] = someCommunity("");
+              current.communities[0].name = "free";
           },
           ""},
          {"renamed community", Mode::delta, agent, communityChanged([](Community &it) { it.name = "private"; }),
           "no snmp-server community public\nsnmp-server community private\nexit\n"},
          {"removals first", Mode::delta, agent,
-          [](auto &now, auto &then) {
+          [](auto &current, auto &defaults) {
               for (int i : {0, 1}) {
-                  then.communities[i] = someCommunity(i == 0 ? "first" : "second");
-                  now.communities[i] = someCommunity(i == 0 ? "one" : "two");
+                  defaults.communities[i] = someCommunity(i == 0 ? "first" : "second");
+                  current.communities[i] = someCommunity(i == 0 ? "one" : "two");
               }
           },
           "no snmp-server community first\nno snmp-server community second\n"
           "snmp-server community one\nexit\nsnmp-server community two\nexit\n"},
          {"last character of the name", Mode::delta, agent,
-          [](auto &now, auto &then) {
-              now.communities[0] = someCommunity("");
-              now.communities[0].name = letters(24).c_str();
-              then.communities[0] = now.communities[0];
-              now.communities[0].name.characters[23] = '!';
+          [](auto &current, auto &defaults) {
+              current.communities[0] = someCommunity("");
+              current.communities[0].name = letters(24).c_str();
+              defaults.communities[0] = current.communities[0];
+              current.communities[0].name.characters[23] = '!';
           },
           "no snmp-server community " + letters(24) + "\nsnmp-server community " + letters(23) + "!\nexit\n"},
          {"behind the end of a name", Mode::delta, agent,
@@ -294,19 +294,19 @@ ROWS(SnmpAgent,
          {"description cleared", Mode::delta, agent, communityChanged([](Community &it) { it.description = ""; }),
           "snmp-server community public\nexit\n"},
          {"description differs in its 36th character", Mode::delta, agent,
-          [](auto &now, auto &then) {
-              now.communities[0] = someCommunity("public");
-              now.communities[0].description = letters(57).c_str();
-              then.communities[0] = now.communities[0];
-              now.communities[0].description.characters[35] = '!';
+          [](auto &current, auto &defaults) {
+              current.communities[0] = someCommunity("public");
+              current.communities[0].description = letters(57).c_str();
+              defaults.communities[0] = current.communities[0];
+              current.communities[0].description.characters[35] = '!';
           },
           "snmp-server community public\ndescription " + letters(35) + "!" + letters(57).substr(36) + "\nexit\n"},
          {"description differs in its 37th character", Mode::delta, agent,
-          [](auto &now, auto &then) {
-              now.communities[0] = someCommunity("public");
-              now.communities[0].description = letters(57).c_str();
-              then.communities[0] = now.communities[0];
-              now.communities[0].description.characters[36] = '!';
+          [](auto &current, auto &defaults) {
+              current.communities[0] = someCommunity("public");
+              current.communities[0].description = letters(57).c_str();
+              defaults.communities[0] = current.communities[0];
+              current.communities[0].description.characters[36] = '!';
           },
           "snmp-server community public\nexit\n"},
          {"level", Mode::delta, agent, communityChanged([](Community &it) { it.level = 1; }),
@@ -327,18 +327,18 @@ ROWS(SnmpAgent,
           "snmp-server community public\nno active\ndescription d\nlevel admin\nexit\n"},
 
          {"behind the last community", Mode::full, agent,
-          [](auto &now, auto &then) {
+          [](auto &current, auto &defaults) {
               const Community beyond = someCommunity("beyond");
-              std::memcpy(now.reserved127472.bytes, &beyond, sizeof beyond);
-              std::memcpy(then.reserved127472.bytes, &beyond, sizeof beyond);
+              std::memcpy(current.reserved127472.bytes, &beyond, sizeof beyond);
+              std::memcpy(defaults.reserved127472.bytes, &beyond, sizeof beyond);
           },
           ""},
          {"behind the last community", Mode::delta, agent,
-          [](auto &now, auto &then) {
+          [](auto &current, auto &defaults) {
               const Community beyond = someCommunity("beyond");
               const Community before = someCommunity("before");
-              std::memcpy(now.reserved127472.bytes, &beyond, sizeof beyond);
-              std::memcpy(then.reserved127472.bytes, &before, sizeof before);
+              std::memcpy(current.reserved127472.bytes, &beyond, sizeof beyond);
+              std::memcpy(defaults.reserved127472.bytes, &before, sizeof before);
           },
           ""},
 
@@ -346,11 +346,11 @@ ROWS(SnmpAgent,
          {"a destination", Mode::full, destinations, onlyDestination([](TrapDestination &) {}),
           "snmp-server trap-destination 3\nactive\ncommunity public\ndestination 198.51.100.16\nexit\n"},
          {"default destinations are not read", Mode::full, destinations,
-          [](auto &, auto &then) { then.trapDestinations[0] = someDestination(); }, ""},
+          [](auto &, auto &defaults) { defaults.trapDestinations[0] = someDestination(); }, ""},
          {"first and last destination", Mode::full, destinations,
-          [](auto &now, auto &) {
-              now.trapDestinations[0].inUse = 1;
-              now.trapDestinations[9].inUse = 128;
+          [](auto &current, auto &) {
+              current.trapDestinations[0].inUse = 1;
+              current.trapDestinations[9].inUse = 128;
           },
           "snmp-server trap-destination 1\nno active\ndestination 0.0.0.0\nexit\n"
           "snmp-server trap-destination 10\nno active\ndestination 0.0.0.0\nexit\n"},
@@ -371,8 +371,8 @@ ROWS(SnmpAgent,
           onlyDestination([](TrapDestination &it) { it.community = letters(24).c_str(); }),
           "snmp-server trap-destination 3\nactive\ncommunity " + letters(24) + "\ndestination 198.51.100.16\nexit\n"},
          {"destination places", Mode::full, destinations,
-          [](auto &now, auto &) {
-              u8 *const entry = reinterpret_cast<u8 *>(&now) + 127724;
+          [](auto &current, auto &) {
+              u8 *const entry = reinterpret_cast<u8 *>(&current) + 127724;
               for (u8 i = 0; i < 2; ++i) {
                   entry[i * 52] = 1;
                   entry[i * 52 + 1] = i;
@@ -390,9 +390,9 @@ ROWS(SnmpAgent,
          {"new destination", Mode::delta, destinations, onlyDestination([](TrapDestination &) {}),
           "snmp-server trap-destination 3\nactive\ncommunity public\ndestination 198.51.100.16\nexit\n"},
          {"first and last destination", Mode::delta, destinations,
-          [](auto &now, auto &) {
-              now.trapDestinations[0].inUse = 1;
-              now.trapDestinations[9].inUse = 2;
+          [](auto &current, auto &) {
+              current.trapDestinations[0].inUse = 1;
+              current.trapDestinations[9].inUse = 2;
           },
           "snmp-server trap-destination 1\nexit\nsnmp-server trap-destination 10\nexit\n"},
          {"removed destination", Mode::delta, destinations, destinationChanged([](TrapDestination &it) { it = {}; }),
@@ -412,11 +412,11 @@ ROWS(SnmpAgent,
           destinationChanged([](TrapDestination &it) { it.community.characters[23] = 'x'; }),
           "snmp-server trap-destination 3\nexit\n"},
          {"last character of a destination's community", Mode::delta, destinations,
-          [](auto &now, auto &then) {
-              now.trapDestinations[2] = someDestination();
-              now.trapDestinations[2].community = letters(24).c_str();
-              then.trapDestinations[2] = now.trapDestinations[2];
-              now.trapDestinations[2].community.characters[23] = '!';
+          [](auto &current, auto &defaults) {
+              current.trapDestinations[2] = someDestination();
+              current.trapDestinations[2].community = letters(24).c_str();
+              defaults.trapDestinations[2] = current.trapDestinations[2];
+              current.trapDestinations[2].community.characters[23] = '!';
           },
           "snmp-server trap-destination 3\ncommunity " + letters(23) + "!\nexit\n"},
          {"address of a destination", Mode::delta, destinations,
@@ -438,9 +438,9 @@ ROWS(SnmpAgent,
          {"last byte of a destination", Mode::delta, destinations,
           destinationChanged([](TrapDestination &it) { it.reserved46.bytes[5] = 1; }),
           "snmp-server trap-destination 3\nexit\n"},
-         {"behind the last destination", Mode::full, destinations, [](auto &now, auto &) { now.traps.coldStart = 1; },
+         {"behind the last destination", Mode::full, destinations, [](auto &current, auto &) { current.traps.coldStart = 1; },
           ""},
-         {"behind the last destination", Mode::delta, destinations, [](auto &now, auto &) { now.traps.coldStart = 1; },
+         {"behind the last destination", Mode::delta, destinations, [](auto &current, auto &) { current.traps.coldStart = 1; },
           ""},
          {"order in a destination", Mode::delta, destinations, destinationChanged([](TrapDestination &it) {
               it.active = 0;
@@ -597,19 +597,19 @@ ROWS(SnmpTraps,
           allOnBut(0xfffffeaf, [](ConfigImage &image) { image.poe.traps = image.traps.batteryMode = 0; }),
           "snmp-server trap-type all\n"},
          {"places", Mode::full, traps,
-          [](auto &now, auto &) {
+          [](auto &current, auto &) {
               g_EEPROM.capabilities = poeBoard | batteryBoard;
-              for (const int place : {0, 2, 4, 27, 36, 38}) reinterpret_cast<u8 *>(&now)[128244 + place] = 1;
-              reinterpret_cast<u8 *>(&now)[180423] = 1;
+              for (const int place : {0, 2, 4, 27, 36, 38}) reinterpret_cast<u8 *>(&current)[128244 + place] = 1;
+              reinterpret_cast<u8 *>(&current)[180423] = 1;
           },
           "snmp-server trap-type cold-start\nno snmp-server trap-type warm-start\nsnmp-server trap-type auth-fail\n"
           "snmp-server trap-type auto-backup\nsnmp-server trap-type port-link\nsnmp-server trap-type battery-mode\n"
           "no snmp-server trap-type case-fan\nsnmp-server trap-type poe\nno snmp-server trap-type cpu-load\n"
           "snmp-server trap-type mac-limit\nno snmp-server trap-type storm-control\n"},
          {"other places", Mode::full, traps,
-          [](auto &now, auto &) {
+          [](auto &current, auto &) {
               g_EEPROM.capabilities = poeBoard | batteryBoard;
-              for (const int place : {1, 24, 30, 37}) reinterpret_cast<u8 *>(&now)[128244 + place] = 1;
+              for (const int place : {1, 24, 30, 37}) reinterpret_cast<u8 *>(&current)[128244 + place] = 1;
           },
           "no snmp-server trap-type cold-start\nsnmp-server trap-type warm-start\n"
           "no snmp-server trap-type auth-fail\nno snmp-server trap-type auto-backup\n"
@@ -617,37 +617,37 @@ ROWS(SnmpTraps,
           "snmp-server trap-type case-fan\nno snmp-server trap-type poe\nsnmp-server trap-type cpu-load\n"
           "no snmp-server trap-type mac-limit\nsnmp-server trap-type storm-control\n"},
          {"places without a meaning", Mode::full, traps,
-          [](auto &now, auto &) {
-              std::memset(static_cast<void *>(&now.traps), 0xff, sizeof now.traps);
-              switchTraps(now, false);
+          [](auto &current, auto &) {
+              std::memset(static_cast<void *>(&current.traps), 0xff, sizeof current.traps);
+              switchTraps(current, false);
               for (const int place : {3, 5, 25, 26, 28, 29, 31, 35, 39})
-                  reinterpret_cast<u8 *>(&now)[128244 + place] = 1;
+                  reinterpret_cast<u8 *>(&current)[128244 + place] = 1;
           },
           "no snmp-server trap-type all\n"},
 
          {"equal and mixed", Mode::delta, traps, trapsChanged(poeBoard | batteryBoard, [](ConfigImage &) {}), ""},
          {"equal and all on", Mode::delta, traps,
-          [](auto &now, auto &then) {
-              switchTraps(now, true);
-              switchTraps(then, true);
+          [](auto &current, auto &defaults) {
+              switchTraps(current, true);
+              switchTraps(defaults, true);
           },
           ""},
          {"equal and all off", Mode::delta, traps, [](auto &, auto &) {}, ""},
          {"all on now", Mode::delta, traps, allOnBut(poeBoard | batteryBoard, [](ConfigImage &) {}),
           "snmp-server trap-type all\n"},
-         {"all off now", Mode::delta, traps, [](auto &, auto &then) { then.traps.warmStart = 1; },
+         {"all off now", Mode::delta, traps, [](auto &, auto &defaults) { defaults.traps.warmStart = 1; },
           "no snmp-server trap-type all\n"},
          {"all on and a byte without meaning", Mode::delta, traps,
-          [](auto &now, auto &then) {
-              switchTraps(now, true);
-              switchTraps(then, true);
-              now.traps.reserved39.bytes[0] = 1;
+          [](auto &current, auto &defaults) {
+              switchTraps(current, true);
+              switchTraps(defaults, true);
+              current.traps.reserved39.bytes[0] = 1;
           },
           "snmp-server trap-type all\n"},
          {"all off and the first byte of the bitmap", Mode::delta, traps,
-          [](auto &now, auto &) { now.traps.portLink.bytes[0] = 2; }, "no snmp-server trap-type all\n"},
+          [](auto &current, auto &) { current.traps.portLink.bytes[0] = 2; }, "no snmp-server trap-type all\n"},
          {"all off and a battery flag that the board lacks", Mode::delta, traps,
-          [](auto &now, auto &) { now.traps.batteryMode = 1; }, "no snmp-server trap-type all\n"},
+          [](auto &current, auto &) { current.traps.batteryMode = 1; }, "no snmp-server trap-type all\n"},
          {"mixed and a byte without meaning", Mode::delta, traps,
           trapsChanged(noHardware, [](ConfigImage &image) { image.traps.reserved3.bytes[0] = 1; }), ""},
          {"PoE alone on a board with PoE", Mode::delta, traps,
@@ -655,13 +655,13 @@ ROWS(SnmpTraps,
          {"PoE alone on a board without", Mode::delta, traps,
           trapsChanged(batteryBoard, [](ConfigImage &image) { image.poe.traps = 1; }), ""},
          {"PoE alone opens the section for the all line", Mode::delta, traps,
-          [](auto &, auto &then) {
+          [](auto &, auto &defaults) {
               g_EEPROM.capabilities = poeBoard;
-              then.poe.traps = 1;
+              defaults.poe.traps = 1;
           },
           "no snmp-server trap-type all\n"},
-         {"PoE alone without PoE opens nothing", Mode::delta, traps, [](auto &, auto &then) { then.poe.traps = 1; },
-          ""},
+         {"PoE alone without PoE opens nothing", Mode::delta, traps,
+          [](auto &, auto &defaults) { defaults.poe.traps = 1; }, ""},
          {"port-link by its bit", Mode::delta, traps,
           trapsChanged(noHardware, [](ConfigImage &image) { image.traps.portLink.bytes[0] = 0xff; }),
           "snmp-server trap-type port-link\n"},

@@ -5,139 +5,84 @@ using namespace layer2;
 
 // ------------------------------------------------------------------------------------------ spanning tree and BPDUs
 
-ROWS(SpanningTree,
-     ({
-         {"zero image", Mode::full, stp, nothing,
-          "spanning-tree priority 0\n"
-          "spanning-tree max-age 0\n"
-          "spanning-tree hello-time 0\n"
-          "spanning-tree delay-time 0\n"
-          "spanning-tree version compatible\n"
-          "no spanning-tree aggregated-port\n"
-          "spanning-tree aggregated-port cost 0\n"
-          "spanning-tree aggregated-port priority 0\n"
-          "no spanning-tree aggregated-port edge\n"
-          "spanning-tree aggregated-port p2p forced_true\n"},
-         {"all values", Mode::full, stp, stpSet([](StpConfig &bridge) {
-              bridge.priority = 32768;
-              bridge.maxAge = 20;
-              bridge.helloTime = 2;
-              bridge.forwardDelay = 15;
-              bridge.version = 1;
-              bridge.aggregated = 256;
-              bridge.aggregatedCost = 200000;
-              bridge.aggregatedPriority = 128;
-              bridge.aggregatedEdge = 0x01000000;
-              bridge.aggregatedPointToPoint = 1;
-          }),
-          "spanning-tree priority 32768\n"
-          "spanning-tree max-age 20\n"
-          "spanning-tree hello-time 2\n"
-          "spanning-tree delay-time 15\n"
-          "spanning-tree version normal\n"
-          "spanning-tree aggregated-port\n"
-          "spanning-tree aggregated-port cost 200000\n"
-          "spanning-tree aggregated-port priority 128\n"
-          "spanning-tree aggregated-port edge\n"
-          "spanning-tree aggregated-port p2p forced_false\n"},
-         {"negative values", Mode::full, stp, stpSet([](StpConfig &bridge) {
-              bridge.priority = -1;
-              bridge.maxAge = -2;
-              bridge.helloTime = -3;
-              bridge.forwardDelay = -4;
-              bridge.version = 257;
-              bridge.aggregatedCost = INT32_MIN;
-              bridge.aggregatedPriority = -6;
-              bridge.aggregatedPointToPoint = 2;
-          }),
-          "spanning-tree priority -1\n"
-          "spanning-tree max-age -2\n"
-          "spanning-tree hello-time -3\n"
-          "spanning-tree delay-time -4\n"
-          "spanning-tree version compatible\n"
-          "no spanning-tree aggregated-port\n"
-          "spanning-tree aggregated-port cost -2147483648\n"
-          "spanning-tree aggregated-port priority -6\n"
-          "no spanning-tree aggregated-port edge\n"
-          "spanning-tree aggregated-port p2p auto\n"},
-         {"unknown version and point to point", Mode::full, stp, stpSet([](StpConfig &bridge) {
-              bridge.version = 2;
-              bridge.aggregatedPointToPoint = 3;
-          }),
-          "spanning-tree priority 0\n"
-          "spanning-tree max-age 0\n"
-          "spanning-tree hello-time 0\n"
-          "spanning-tree delay-time 0\n"
-          "spanning-tree version compatible\n"
-          "no spanning-tree aggregated-port\n"
-          "spanning-tree aggregated-port cost 0\n"
-          "spanning-tree aggregated-port priority 0\n"
-          "no spanning-tree aggregated-port edge\n"},
-         {"same in both images", Mode::delta, stp, stpSet([](StpConfig &) {}), ""},
-         {"all values", Mode::delta, stp, stpSet([](StpConfig &bridge) {
-              bridge.priority = -32768;
-              bridge.maxAge = 20;
-              bridge.helloTime = 2;
-              bridge.forwardDelay = 15;
-              bridge.version = 1;
-              bridge.aggregated = 1;
-              bridge.aggregatedCost = -200000;
-              bridge.aggregatedPriority = 128;
-              bridge.aggregatedEdge = 1;
-              bridge.aggregatedPointToPoint = 2;
-          }),
-          "spanning-tree priority -32768\n"
-          "spanning-tree max-age 20\n"
-          "spanning-tree hello-time 2\n"
-          "spanning-tree delay-time 15\n"
-          "spanning-tree version normal\n"
-          "spanning-tree aggregated-port\n"
-          "spanning-tree aggregated-port cost -200000\n"
-          "spanning-tree aggregated-port priority 128\n"
-          "spanning-tree aggregated-port edge\n"
-          "spanning-tree aggregated-port p2p auto\n"},
-         {"bridge priority", Mode::delta, stp, stpSet([](StpConfig &bridge) { bridge.priority = 1; }),
-          "spanning-tree priority 1\n"},
-         {"max age", Mode::delta, stp, stpSet([](StpConfig &bridge) { bridge.maxAge = 1; }),
-          "spanning-tree max-age 1\n"},
-         {"hello time", Mode::delta, stp, stpSet([](StpConfig &bridge) { bridge.helloTime = 1; }),
-          "spanning-tree hello-time 1\n"},
-         {"forward delay", Mode::delta, stp, stpSet([](StpConfig &bridge) { bridge.forwardDelay = 1; }),
-          "spanning-tree delay-time 1\n"},
-         {"version normal", Mode::delta, stp, stpSet([](StpConfig &bridge) { bridge.version = 1; }),
-          "spanning-tree version normal\n"},
-         {"version compatible twice over", Mode::delta, stp, stpSet([](StpConfig &bridge) { bridge.version = 3; }),
-          "spanning-tree version compatible\n"},
-         {"aggregated ports on", Mode::delta, stp, stpSet([](StpConfig &bridge) { bridge.aggregated = 256; }),
-          "spanning-tree aggregated-port\n"},
-         {"aggregated ports off", Mode::delta, stp,
-          stpFrom([](StpConfig &bridge) { bridge.aggregated = 1; }, [](StpConfig &bridge) { bridge.aggregated = 0; }),
-          "no spanning-tree aggregated-port\n"},
-         {"cost", Mode::delta, stp, stpSet([](StpConfig &bridge) { bridge.aggregatedCost = 1; }),
-          "spanning-tree aggregated-port cost 1\n"},
-         {"priority of aggregated ports", Mode::delta, stp,
-          stpSet([](StpConfig &bridge) { bridge.aggregatedPriority = 1; }),
-          "spanning-tree aggregated-port priority 1\n"},
-         {"edge on", Mode::delta, stp, stpSet([](StpConfig &bridge) { bridge.aggregatedEdge = 2; }),
-          "spanning-tree aggregated-port edge\n"},
-         {"edge off", Mode::delta, stp,
-          stpFrom([](StpConfig &bridge) { bridge.aggregatedEdge = 1; },
-                  [](StpConfig &bridge) { bridge.aggregatedEdge = 0; }),
-          "no spanning-tree aggregated-port edge\n"},
-         {"point to point true", Mode::delta, stp,
-          stpFrom([](StpConfig &bridge) { bridge.aggregatedPointToPoint = 2; },
-                  [](StpConfig &bridge) { bridge.aggregatedPointToPoint = 0; }),
-          "spanning-tree aggregated-port p2p forced_true\n"},
-         {"point to point false", Mode::delta, stp,
-          stpSet([](StpConfig &bridge) { bridge.aggregatedPointToPoint = 1; }),
-          "spanning-tree aggregated-port p2p forced_false\n"},
-         {"point to point auto", Mode::delta, stp, stpSet([](StpConfig &bridge) { bridge.aggregatedPointToPoint = 2; }),
-          "spanning-tree aggregated-port p2p auto\n"},
-         {"point to point unknown", Mode::delta, stp,
-          stpSet([](StpConfig &bridge) { bridge.aggregatedPointToPoint = 3; }), ""},
-         {"point to point is a word", Mode::delta, stp,
-          stpSet([](StpConfig &bridge) { bridge.aggregatedPointToPoint = 257; }), ""},
-     }));
+ROWS(SpanningTree, ({
+                       {"zero image", Mode::full, stp, nothing,
+                        "spanning-tree priority 0\n"
+                        "spanning-tree max-age 0\n"
+                        "spanning-tree hello-time 0\n"
+                        "spanning-tree delay-time 0\n"
+                        "spanning-tree version compatible\n"
+                        "no spanning-tree aggregated-port\n"
+                        "spanning-tree aggregated-port cost 0\n"
+                        "spanning-tree aggregated-port priority 0\n"
+                        "no spanning-tree aggregated-port edge\n"
+                        "spanning-tree aggregated-port p2p forced_true\n"},
+                       {"all values", Mode::full, stp, stpSet([](StpConfig &bridge) {
+                            bridge.priority = 32768;
+                            bridge.maxAge = 20;
+                            bridge.helloTime = 2;
+                            bridge.forwardDelay = 15;
+                            bridge.version = 1;
+                            bridge.aggregated = 256;
+                            bridge.aggregatedCost = 200000;
+                            bridge.aggregatedPriority = 128;
+                            bridge.aggregatedEdge = 0x01000000;
+                            bridge.aggregatedPointToPoint = 1;
+                        }),
+                        "spanning-tree priority 32768\n"
+                        "spanning-tree max-age 20\n"
+                        "spanning-tree hello-time 2\n"
+                        "spanning-tree delay-time 15\n"
+                        "spanning-tree version normal\n"
+                        "spanning-tree aggregated-port\n"
+                        "spanning-tree aggregated-port cost 200000\n"
+                        "spanning-tree aggregated-port priority 128\n"
+                        "spanning-tree aggregated-port edge\n"
+                        "spanning-tree aggregated-port p2p forced_false\n"},
+                       {"negative values", Mode::full, stp, stpSet([](StpConfig &bridge) {
+                            bridge.priority = -1;
+                            bridge.maxAge = -2;
+                            bridge.helloTime = -3;
+                            bridge.forwardDelay = -4;
+                            bridge.version = 257;
+                            bridge.aggregatedCost = INT32_MIN;
+                            bridge.aggregatedPriority = -6;
+                            bridge.aggregatedPointToPoint = 2;
+                        }),
+                        "spanning-tree priority -1\n"
+                        "spanning-tree max-age -2\n"
+                        "spanning-tree hello-time -3\n"
+                        "spanning-tree delay-time -4\n"
+                        "spanning-tree version compatible\n"
+                        "no spanning-tree aggregated-port\n"
+                        "spanning-tree aggregated-port cost -2147483648\n"
+                        "spanning-tree aggregated-port priority -6\n"
+                        "no spanning-tree aggregated-port edge\n"
+                        "spanning-tree aggregated-port p2p auto\n"},
+                       {"same in both images", Mode::delta, stp, stpSet([](StpConfig &) {}), ""},
+                       {"all values", Mode::delta, stp, stpSet([](StpConfig &bridge) {
+                            bridge.priority = -32768;
+                            bridge.maxAge = 20;
+                            bridge.helloTime = 2;
+                            bridge.forwardDelay = 15;
+                            bridge.version = 1;
+                            bridge.aggregated = 1;
+                            bridge.aggregatedCost = -200000;
+                            bridge.aggregatedPriority = 128;
+                            bridge.aggregatedEdge = 1;
+                            bridge.aggregatedPointToPoint = 2;
+                        }),
+                        "spanning-tree priority -32768\n"
+                        "spanning-tree max-age 20\n"
+                        "spanning-tree hello-time 2\n"
+                        "spanning-tree delay-time 15\n"
+                        "spanning-tree version normal\n"
+                        "spanning-tree aggregated-port\n"
+                        "spanning-tree aggregated-port cost -200000\n"
+                        "spanning-tree aggregated-port priority 128\n"
+                        "spanning-tree aggregated-port edge\n"
+                        "spanning-tree aggregated-port p2p auto\n"},
+                   }));
 
 ROWS(Bpdus, ({
                 {"all permitted", Mode::full, bpdu, nothing,

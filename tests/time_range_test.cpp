@@ -7,29 +7,29 @@ using namespace system_area;
 
 ROWS(TimeRanges,
      ({
-         {"none", Mode::full, timeRanges, [](auto &, auto &then) { then.timeRanges[0] = someRange(); }, ""},
+         {"none", Mode::full, timeRanges, [](auto &, auto &defaults) { defaults.timeRanges[0] = someRange(); }, ""},
          {"name alone", Mode::full, timeRanges, onlyRange([](TimeRange &) {}), "time-range range\nexit \n"},
-         {"all", Mode::full, timeRanges, [](auto &now, auto &) { now.timeRanges[0] = someRange(); },
+         {"all", Mode::full, timeRanges, [](auto &current, auto &) { current.timeRanges[0] = someRange(); },
           "time-range range\nabsolute start 08:00 02 jun 2025 \nabsolute end 18:30 30 sep 2026 \n"
           "periodic 08:00 mon to 17:00 fri \nperiodic 10:00 sun to 11:00 sat \n"
           "periodic list 12:00 to 13:00 mon wed \nperiodic list 20:00 to 21:00 sun sat \nexit \n"},
          {"without name", Mode::full, timeRanges,
-          [](auto &now, auto &) {
-              now.timeRanges[0] = someRange();
-              now.timeRanges[0].name = "";
+          [](auto &current, auto &) {
+              current.timeRanges[0] = someRange();
+              current.timeRanges[0].name = "";
           },
           ""},
          {"first and last slot", Mode::full, timeRanges,
-          [](auto &now, auto &) {
-              now.timeRanges[9].name = "last";
-              now.timeRanges[0].name = "first";
+          [](auto &current, auto &) {
+              current.timeRanges[9].name = "last";
+              current.timeRanges[0].name = "first";
           },
           "time-range first\nexit \ntime-range last\nexit \n"},
-         {"full name", Mode::full, timeRanges, [](auto &now, auto &) { now.timeRanges[9].name = letters(40).c_str(); },
+         {"full name", Mode::full, timeRanges, [](auto &current, auto &) { current.timeRanges[9].name = letters(40).c_str(); },
           "time-range " + letters(40) + "\nexit \n"},
          {"places", Mode::full, timeRanges,
-          [](auto &now, auto &) {
-              char *const range = reinterpret_cast<char *>(bytesAt(now, 202992 + 9 * 204));
+          [](auto &current, auto &) {
+              char *const range = reinterpret_cast<char *>(bytesAt(current, 202992 + 9 * 204));
               std::strcpy(range, "a,1,1,1");
               std::strcpy(range + 32, "b,2,2,2");
               std::strcpy(range + 64, "1,c");
@@ -121,7 +121,7 @@ ROWS(TimeRanges,
           inFull("periodic list 1 to  \n")},
 
          {"equal", Mode::delta, timeRanges, rangeChanged([](TimeRange &) {}), ""},
-         {"new", Mode::delta, timeRanges, [](auto &now, auto &) { now.timeRanges[0] = someRange(); },
+         {"new", Mode::delta, timeRanges, [](auto &current, auto &) { current.timeRanges[0] = someRange(); },
           "time-range range\nabsolute start 08:00 02 jun 2025\nabsolute end 18:30 30 sep 2026\n"
           "periodic 08:00 mon to 17:00 fri\nperiodic 10:00 sun to 11:00 sat\n"
           "periodic list 12:00 to 13:00 mon wed \nperiodic list 20:00 to 21:00 sun sat \nexit\n"},
@@ -130,15 +130,15 @@ ROWS(TimeRanges,
          {"renamed", Mode::delta, timeRanges, rangeChanged([](TimeRange &it) { it.name = "other"; }),
           "time-range other\nexit\n"},
          {"first and last slot", Mode::delta, timeRanges,
-          [](auto &now, auto &) {
-              now.timeRanges[9].name = "last";
-              now.timeRanges[0].name = "first";
+          [](auto &current, auto &) {
+              current.timeRanges[9].name = "last";
+              current.timeRanges[0].name = "first";
           },
           "time-range first\nexit\ntime-range last\nexit\n"},
          {"behind the last slot", Mode::full, timeRanges,
-          [](auto &now, auto &) { bytesAt(now, 202992 + 10 * 204)[164] = 'x'; }, ""},
+          [](auto &current, auto &) { bytesAt(current, 202992 + 10 * 204)[164] = 'x'; }, ""},
          {"behind the last slot", Mode::delta, timeRanges,
-          [](auto &now, auto &) { bytesAt(now, 202992 + 10 * 204)[164] = 'x'; }, ""},
+          [](auto &current, auto &) { bytesAt(current, 202992 + 10 * 204)[164] = 'x'; }, ""},
          {"first byte", Mode::delta, timeRanges,
           rangeChanged([](TimeRange &it) { it.absoluteStart.characters[0] = '1'; }),
           inDelta("absolute start 18:00 02 jun 2025\n")},
@@ -161,15 +161,15 @@ ROWS(TimeRanges,
           }),
           inDelta("")},
          {"last characters of the texts", Mode::delta, timeRanges,
-          [](auto &now, auto &then) {
-              TimeRange &it = now.timeRanges[0];
+          [](auto &current, auto &defaults) {
+              TimeRange &it = current.timeRanges[0];
               it.name = "range";
               it.absoluteStart = it.absoluteEnd = "abcdefghijklmnopqrstuvwx,01,2,20";
               for (int k = 0; k < 2; ++k) {
                   it.periodic[k].start = it.periodic[k].end = "1,abcdefghijklmn";
                   it.list[k].start = it.list[k].end = "12345678";
               }
-              then.timeRanges[0] = it;
+              defaults.timeRanges[0] = it;
               it.absoluteStart.characters[31] = it.absoluteEnd.characters[31] = '1';
               it.periodic[0].start.characters[15] = it.periodic[1].end.characters[15] = '!';
               it.list[0].start.characters[7] = it.list[1].end.characters[7] = '9';

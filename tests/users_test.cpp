@@ -136,32 +136,32 @@ ROWS(Users,
          {"an account", Mode::full, users, onlyUser([](User &) {}),
           "user name admin\npassword secret\nlevel admin\nactive\ndescription somebody\nexit\n"},
          {"factory accounts go first", Mode::full, users,
-          [](auto &now, auto &then) {
-              for (int i : {0, 3, 9}) then.users[i] = someUser(i == 0 ? "admin" : i == 3 ? "third" : "last");
-              now.users[0] = then.users[0];
+          [](auto &current, auto &defaults) {
+              for (int i : {0, 3, 9}) defaults.users[i] = someUser(i == 0 ? "admin" : i == 3 ? "third" : "last");
+              current.users[0] = defaults.users[0];
           },
           "no user name admin\nno user name third\nno user name last\n"
           "user name admin\npassword secret\nlevel admin\nactive\ndescription somebody\nexit\n"},
          {"a factory account without name", Mode::full, users,
-          [](auto &, auto &then) { then.users[9].inUse = 255; }, "no user name \n"},
+          [](auto &, auto &defaults) { defaults.users[9].inUse = 255; }, "no user name \n"},
          {"a factory account that is not in use", Mode::full, users,
-          [](auto &, auto &then) {
-              then.users[0] = someUser("admin");
-              then.users[0].inUse = 0;
+          [](auto &, auto &defaults) {
+              defaults.users[0] = someUser("admin");
+              defaults.users[0].inUse = 0;
           },
           ""},
          {"an account that is not in use", Mode::full, users, onlyUser([](User &user) { user.inUse = 0; }), ""},
          {"in use by any value", Mode::full, users, onlyUser([](User &user) { user.inUse = 128; }),
           inFull("password secret\nlevel admin\nactive\ndescription somebody\n")},
          {"first and last place", Mode::full, users,
-          [](auto &now, auto &) {
+          [](auto &current, auto &) {
               for (int i : {9, 0}) {
-                  now.users[i].inUse = 1;
-                  now.users[i].name = i == 9 ? "last" : "first";
+                  current.users[i].inUse = 1;
+                  current.users[i].name = i == 9 ? "last" : "first";
               }
           },
           "user name first\nnot supported\nno active\nexit\nuser name last\nnot supported\nno active\nexit\n"},
-         {"an account without name", Mode::full, users, [](auto &now, auto &) { now.users[0].inUse = 1; },
+         {"an account without name", Mode::full, users, [](auto &current, auto &) { current.users[0].inUse = 1; },
           "user name \nnot supported\nno active\nexit\n"},
          {"without password", Mode::full, users, onlyUser([](User &user) { user.password = ""; }),
           inFull("level admin\nactive\ndescription somebody\n")},
@@ -187,35 +187,35 @@ ROWS(Users,
           "user name " + letters(24) + "\npassword " + letters(25).substr(1) + "\nlevel admin\nactive\ndescription " +
               letters(48) + "\nexit\n"},
          {"full factory name", Mode::full, users,
-          [](auto &, auto &then) {
-              then.users[0] = someUser("");
-              then.users[0].name = letters(24).c_str();
+          [](auto &, auto &defaults) {
+              defaults.users[0] = someUser("");
+              defaults.users[0].name = letters(24).c_str();
           },
           "no user name " + letters(24) + "\n"},
          {"MD5 form held", Mode::full, users,
-          [](auto &now, auto &) {
+          [](auto &current, auto &) {
               platform.passwordMethod = 1;
-              now.users[0] = someUser("admin");
+              current.users[0] = someUser("admin");
           },
           inFull("password digest\nlevel admin\nactive\ndescription somebody\n")},
          {"MD5 full field", Mode::full, users,
-          [](auto &now, auto &) {
+          [](auto &current, auto &) {
               platform.passwordMethod = -1;
-              now.users[0] = someUser("admin");
-              now.users[0].passwordMd5 = letters(24).c_str();
+              current.users[0] = someUser("admin");
+              current.users[0].passwordMd5 = letters(24).c_str();
           },
           inFull("password " + letters(24) + "\nlevel admin\nactive\ndescription somebody\n")},
          {"MD5 form made", Mode::full, users,
-          [](auto &now, auto &then) {
-              userChangedMd5([](User &user) { user.passwordMd5 = ""; })(now, then);
-              then.users[0].inUse = 0;
+          [](auto &current, auto &defaults) {
+              userChangedMd5([](User &user) { user.passwordMd5 = ""; })(current, defaults);
+              defaults.users[0].inUse = 0;
           },
           inFull("password made of secret\nlevel admin\nactive\ndescription somebody\n")},
          {"MD5 form that the platform cannot tell", Mode::full, users,
-          [](auto &now, auto &) {
+          [](auto &current, auto &) {
               platform.passwordMethod = 1;
-              now.users[0] = someUser("admin");
-              now.users[0].passwordMd5 = "";
+              current.users[0] = someUser("admin");
+              current.users[0].passwordMd5 = "";
           },
           inFull("password \nlevel admin\nactive\ndescription somebody\n")},
 
@@ -224,43 +224,43 @@ ROWS(Users,
          {"new account", Mode::delta, users, onlyUser([](User &) {}),
           inFull("password secret\nlevel admin\nactive\ndescription somebody\n")},
          {"new account at the last place", Mode::delta, users,
-          [](auto &now, auto &) { now.users[9] = someUser("last"); },
+          [](auto &current, auto &) { current.users[9] = someUser("last"); },
           "user name last\npassword secret\nlevel admin\nactive\ndescription somebody\nexit\n"},
          {"removed account", Mode::delta, users, userChanged([](User &user) { user = {}; }), "no user name admin\n"},
          {"removed accounts of the first and last place", Mode::delta, users,
-          [](auto &, auto &then) {
-              then.users[0] = someUser("first");
-              then.users[9] = someUser("last");
+          [](auto &, auto &defaults) {
+              defaults.users[0] = someUser("first");
+              defaults.users[9] = someUser("last");
           },
           "no user name first\nno user name last\n"},
          {"removed account keeping its name", Mode::delta, users, userChanged([](User &user) { user.inUse = 0; }), ""},
          {"removed account that was in use by another value", Mode::delta, users,
-          [](auto &, auto &then) {
-              then.users[0] = someUser("admin");
-              then.users[0].inUse = 2;
+          [](auto &, auto &defaults) {
+              defaults.users[0] = someUser("admin");
+              defaults.users[0].inUse = 2;
           },
           ""},
          {"removed account without name", Mode::delta, users,
-          [](auto &now, auto &then) {
-              then.users[0] = someUser("");
-              now.users[0].name = "free";
+          [](auto &current, auto &defaults) {
+              defaults.users[0] = someUser("");
+              current.users[0].name = "free";
           },
           ""},
          {"renamed", Mode::delta, users, userChanged([](User &user) { user.name = "root"; }),
           "no user name admin\nuser name root\nexit\n"},
          {"removals first", Mode::delta, users,
-          [](auto &now, auto &then) {
+          [](auto &current, auto &defaults) {
               for (int i : {0, 1}) {
-                  then.users[i] = someUser(i == 0 ? "first" : "second");
-                  now.users[i] = someUser(i == 0 ? "one" : "two");
+                  defaults.users[i] = someUser(i == 0 ? "first" : "second");
+                  current.users[i] = someUser(i == 0 ? "one" : "two");
               }
           },
           "no user name first\nno user name second\nuser name one\nexit\nuser name two\nexit\n"},
          {"last character of the name", Mode::delta, users,
-          [](auto &now, auto &then) {
-              now.users[0] = then.users[0] = someUser("");
-              now.users[0].name = then.users[0].name = letters(24).c_str();
-              now.users[0].name.characters[23] = '!';
+          [](auto &current, auto &defaults) {
+              current.users[0] = defaults.users[0] = someUser("");
+              current.users[0].name = defaults.users[0].name = letters(24).c_str();
+              current.users[0].name.characters[23] = '!';
           },
           "no user name " + letters(24) + "\nuser name " + letters(23) + "!\nexit\n"},
          {"what stands behind the end of a name", Mode::delta, users,
@@ -270,10 +270,10 @@ ROWS(Users,
          {"password", Mode::delta, users, userChanged([](User &user) { user.password = "other"; }),
           inFull("password other\n")},
          {"last character of the password", Mode::delta, users,
-          [](auto &now, auto &then) {
-              now.users[0] = then.users[0] = someUser("admin");
-              now.users[0].password = then.users[0].password = letters(24).c_str();
-              now.users[0].password.characters[23] = '!';
+          [](auto &current, auto &defaults) {
+              current.users[0] = defaults.users[0] = someUser("admin");
+              current.users[0].password = defaults.users[0].password = letters(24).c_str();
+              current.users[0].password.characters[23] = '!';
           },
           inFull("password " + letters(23) + "!\n")},
          {"behind the end of the password", Mode::delta, users,
@@ -286,36 +286,36 @@ ROWS(Users,
          {"MD5 form", Mode::delta, users, userChangedMd5([](User &user) { user.passwordMd5 = "other"; }),
           inFull("password other\n")},
          {"last character of the MD5 form", Mode::delta, users,
-          [](auto &now, auto &then) {
+          [](auto &current, auto &defaults) {
               platform.passwordMethod = 1;
-              now.users[0] = then.users[0] = someUser("admin");
-              now.users[0].passwordMd5 = then.users[0].passwordMd5 = letters(24).c_str();
-              now.users[0].passwordMd5.characters[23] = '!';
+              current.users[0] = defaults.users[0] = someUser("admin");
+              current.users[0].passwordMd5 = defaults.users[0].passwordMd5 = letters(24).c_str();
+              current.users[0].passwordMd5.characters[23] = '!';
           },
           inFull("password " + letters(23) + "!\n")},
          {"MD5 form made", Mode::delta, users, userChangedMd5([](User &user) { user.passwordMd5 = ""; }),
           inFull("password made of secret\n")},
          {"MD5 form made as by default", Mode::delta, users,
-          [](auto &now, auto &then) {
-              userChangedMd5([](User &user) { user.passwordMd5 = ""; })(now, then);
-              then.users[0].passwordMd5 = "made of secret";
+          [](auto &current, auto &defaults) {
+              userChangedMd5([](User &user) { user.passwordMd5 = ""; })(current, defaults);
+              defaults.users[0].passwordMd5 = "made of secret";
           },
           inFull("")},
          {"MD5 form is not made for the default", Mode::delta, users,
-          [](auto &now, auto &then) {
-              userChangedMd5([](User &user) { user.active = 0; })(now, then);
-              now.users[0].passwordMd5 = then.users[0].passwordMd5 = "";
+          [](auto &current, auto &defaults) {
+              userChangedMd5([](User &user) { user.active = 0; })(current, defaults);
+              current.users[0].passwordMd5 = defaults.users[0].passwordMd5 = "";
           },
           inFull("password made of secret\nno active\n")},
          {"MD5 form is not made for an equal account", Mode::delta, users,
-          [](auto &now, auto &then) {
-              userChangedMd5([](User &) {})(now, then);
-              now.users[0].passwordMd5 = then.users[0].passwordMd5 = "";
+          [](auto &current, auto &defaults) {
+              userChangedMd5([](User &) {})(current, defaults);
+              current.users[0].passwordMd5 = defaults.users[0].passwordMd5 = "";
           },
           ""},
          {"MD5 form emptied", Mode::delta, users,
-          [](auto &now, auto &then) {
-              userChangedMd5([](User &user) { user.passwordMd5 = ""; })(now, then);
+          [](auto &current, auto &defaults) {
+              userChangedMd5([](User &user) { user.passwordMd5 = ""; })(current, defaults);
               platform.md5 = nullptr;
           },
           inFull("password \n")},
@@ -331,12 +331,12 @@ ROWS(Users,
          {"reserved bytes behind do not", Mode::delta, users,
           userChanged([](User &user) { user.reserved125.bytes[0] = 1; }), ""},
          {"levels", Mode::delta, users,
-          [](auto &now, auto &then) {
+          [](auto &current, auto &defaults) {
               for (u8 i = 0; i < 5; ++i) {
-                  now.users[i] = then.users[i] = someUser("u");
-                  then.users[i].level = 9;
-                  now.users[i].level = i;
-                  now.users[i].reserved2.bytes[0] = 1;
+                  current.users[i] = defaults.users[i] = someUser("u");
+                  defaults.users[i].level = 9;
+                  current.users[i].level = i;
+                  current.users[i].reserved2.bytes[0] = 1;
               }
           },
           "user name u\nnot supported\nexit\nuser name u\nlevel ro\nexit\nuser name u\nlevel rw\nexit\n"
@@ -348,19 +348,19 @@ ROWS(Users,
          {"description cleared", Mode::delta, users, userChanged([](User &user) { user.description = ""; }),
           inFull("no description\n")},
          {"description differs in its 36th character", Mode::delta, users,
-          [](auto &now, auto &then) {
-              now.users[0] = then.users[0] = someUser("admin");
-              now.users[0].description = then.users[0].description = letters(48).c_str();
-              now.users[0].description.characters[35] = '!';
-              now.users[0].reserved2.bytes[0] = 1;
+          [](auto &current, auto &defaults) {
+              current.users[0] = defaults.users[0] = someUser("admin");
+              current.users[0].description = defaults.users[0].description = letters(48).c_str();
+              current.users[0].description.characters[35] = '!';
+              current.users[0].reserved2.bytes[0] = 1;
           },
           inFull("description " + letters(35) + "!" + letters(48).substr(36) + "\n")},
          {"description differs in its 37th character", Mode::delta, users,
-          [](auto &now, auto &then) {
-              now.users[0] = then.users[0] = someUser("admin");
-              now.users[0].description = then.users[0].description = letters(48).c_str();
-              now.users[0].description.characters[36] = '!';
-              now.users[0].reserved2.bytes[0] = 1;
+          [](auto &current, auto &defaults) {
+              current.users[0] = defaults.users[0] = someUser("admin");
+              current.users[0].description = defaults.users[0].description = letters(48).c_str();
+              current.users[0].description.characters[36] = '!';
+              current.users[0].reserved2.bytes[0] = 1;
           },
           inFull("")},
          {"order", Mode::delta, users, userChanged([](User &user) {
@@ -372,18 +372,18 @@ ROWS(Users,
           inFull("password p\nlevel ro\nno active\ndescription d\n")},
 
          {"behind the last place", Mode::full, users,
-          [](auto &now, auto &then) {
+          [](auto &current, auto &defaults) {
               const User beyond = someUser("beyond");
-              std::memcpy(now.reserved3244.bytes, &beyond, sizeof beyond);
-              std::memcpy(then.reserved3244.bytes, &beyond, sizeof beyond);
+              std::memcpy(current.reserved3244.bytes, &beyond, sizeof beyond);
+              std::memcpy(defaults.reserved3244.bytes, &beyond, sizeof beyond);
           },
           ""},
          {"behind the last place", Mode::delta, users,
-          [](auto &now, auto &then) {
+          [](auto &current, auto &defaults) {
               const User beyond = someUser("beyond");
               const User before = someUser("before");
-              std::memcpy(now.reserved3244.bytes, &beyond, sizeof beyond);
-              std::memcpy(then.reserved3244.bytes, &before, sizeof before);
+              std::memcpy(current.reserved3244.bytes, &beyond, sizeof beyond);
+              std::memcpy(defaults.reserved3244.bytes, &before, sizeof before);
           },
           ""},
 
@@ -399,38 +399,38 @@ ROWS(Users,
 
 ROWS(Radius,
      ({
-         {"zero", Mode::full, radius, [](auto &, auto &then) { then.radius = someClient(); },
+         {"zero", Mode::full, radius, [](auto &, auto &defaults) { defaults.radius = someClient(); },
           "no user radius\nuser radius secret \nuser radius radius-port 0\nuser radius retry-time 0\n"
           "no user radius server1 \nno user radius server2 \n"},
-         {"all", Mode::full, radius, [](auto &now, auto &) { now.radius = someClient(); },
+         {"all", Mode::full, radius, [](auto &current, auto &) { current.radius = someClient(); },
           "user radius\nuser radius secret shared\nuser radius radius-port 1812\nuser radius retry-time 5\n"
           "user radius server1 198.51.100.12\nuser radius server2 198.51.100.13\n"},
          {"IPv6 first", Mode::full, radius,
-          [](auto &now, auto &) {
-              now.radius = someClient();
-              now.radius.serverIpv6[0] = someIpv6;
-              now.radius.serverIpv6[1] = someIpv6;
-              now.radius.serverIpv6[1].octets[15] = 0x13;
+          [](auto &current, auto &) {
+              current.radius = someClient();
+              current.radius.serverIpv6[0] = someIpv6;
+              current.radius.serverIpv6[1] = someIpv6;
+              current.radius.serverIpv6[1].octets[15] = 0x13;
           },
           "user radius\nuser radius secret shared\nuser radius radius-port 1812\nuser radius retry-time 5\n"
           "user radius server1 2001:db8::12\nuser radius server2 2001:db8::13\n"},
          {"IPv6 carrying IPv4", Mode::full, radius,
-          [](auto &now, auto &) {
-              now.radius.serverIpv6[0] = {{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0xff, 0xff, 0, 0, 0, 0}};
+          [](auto &current, auto &) {
+              current.radius.serverIpv6[0] = {{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0xff, 0xff, 0, 0, 0, 0}};
           },
           "no user radius\nuser radius secret \nuser radius radius-port 0\nuser radius retry-time 0\n"
           "user radius server1 ::ffff:0.0.0.0\nno user radius server2 \n"},
          {"extremes", Mode::full, radius,
-          [](auto &now, auto &) {
-              now.radius.enabled = 256;
-              now.radius.secret = letters(32).c_str();
-              now.radius.port = -1;
-              now.radius.retryTime = -128;
+          [](auto &current, auto &) {
+              current.radius.enabled = 256;
+              current.radius.secret = letters(32).c_str();
+              current.radius.port = -1;
+              current.radius.retryTime = -128;
           },
           "user radius\nuser radius secret " + letters(32) +
               "\nuser radius radius-port -1\nuser radius retry-time -128\n"
               "no user radius server1 \nno user radius server2 \n"},
-         {"places", Mode::full, radius, [](auto &now, auto &) { storeClientBytes(now, 146624); },
+         {"places", Mode::full, radius, [](auto &current, auto &) { storeClientBytes(current, 146624); },
           "user radius\nuser radius secret s\nuser radius radius-port 300\nuser radius retry-time -1\n"
           "user radius server1 41.42.43.44\nuser radius server2 4142:4344:4546:4748:494a:4b4c:4d4e:4f50\n"},
          {"equal", Mode::delta, radius, radiusChanged([](AuthenticationClient &) {}), ""},
@@ -445,9 +445,9 @@ ROWS(Radius,
          {"behind the end of the secret", Mode::delta, radius,
           radiusChanged([](AuthenticationClient &client) { client.secret.characters[31] = 'x'; }), ""},
          {"last character of the secret", Mode::delta, radius,
-          [](auto &now, auto &then) {
-              now.radius.secret = then.radius.secret = letters(32).c_str();
-              now.radius.secret.characters[31] = '!';
+          [](auto &current, auto &defaults) {
+              current.radius.secret = defaults.radius.secret = letters(32).c_str();
+              current.radius.secret.characters[31] = '!';
           },
           "user radius secret " + letters(31) + "!\n"},
          {"port", Mode::delta, radius, radiusChanged([](AuthenticationClient &client) { client.port = -2; }),
@@ -471,48 +471,48 @@ ROWS(Radius,
           radiusChanged([](AuthenticationClient &client) { client.serverIpv6[1] = someIpv6; }),
           "user radius server2 2001:db8::12\n"},
          {"an IPv4 server behind an IPv6 one", Mode::delta, radius,
-          [](auto &now, auto &then) {
-              now.radius.serverIpv6[0] = then.radius.serverIpv6[0] = someIpv6;
-              now.radius.server[0] = {{1, 2, 3, 4}};
+          [](auto &current, auto &defaults) {
+              current.radius.serverIpv6[0] = defaults.radius.serverIpv6[0] = someIpv6;
+              current.radius.server[0] = {{1, 2, 3, 4}};
           },
           ""},
          {"reserved bytes", Mode::delta, radius, radiusChanged([](AuthenticationClient &client) {
               std::memset(&client.reserved81, 0xff, sizeof client.reserved81);
           }),
           ""},
-         {"order", Mode::delta, radius, [](auto &now, auto &) { now.radius = someClient(); },
+         {"order", Mode::delta, radius, [](auto &current, auto &) { current.radius = someClient(); },
           "user radius\nuser radius secret shared\nuser radius radius-port 1812\nuser radius retry-time 5\n"
           "user radius server1 198.51.100.12\nuser radius server2 198.51.100.13\n"},
      }));
 
 ROWS(Tacacs,
      ({
-         {"zero", Mode::full, tacacs, [](auto &, auto &then) { then.tacacs = someClient(); },
+         {"zero", Mode::full, tacacs, [](auto &, auto &defaults) { defaults.tacacs = someClient(); },
           "no user tacacs\nuser tacacs secret \nuser tacacs tacacs-port 0\nuser tacacs retry-time 0\n"
           "no user tacacs server1 \nno user tacacs server2 \n"},
-         {"all", Mode::full, tacacs, [](auto &now, auto &) { now.tacacs = someClient(); },
+         {"all", Mode::full, tacacs, [](auto &current, auto &) { current.tacacs = someClient(); },
           "user tacacs\nuser tacacs secret shared\nuser tacacs tacacs-port 1812\nuser tacacs retry-time 5\n"
           "user tacacs server1 198.51.100.12\nuser tacacs server2 198.51.100.13\n"},
          {"IPv6 first", Mode::full, tacacs,
-          [](auto &now, auto &) {
-              now.tacacs = someClient();
-              now.tacacs.serverIpv6[0] = someIpv6;
-              now.tacacs.serverIpv6[1] = someIpv6;
-              now.tacacs.serverIpv6[1].octets[15] = 0x13;
+          [](auto &current, auto &) {
+              current.tacacs = someClient();
+              current.tacacs.serverIpv6[0] = someIpv6;
+              current.tacacs.serverIpv6[1] = someIpv6;
+              current.tacacs.serverIpv6[1].octets[15] = 0x13;
           },
           "user tacacs\nuser tacacs secret shared\nuser tacacs tacacs-port 1812\nuser tacacs retry-time 5\n"
           "user tacacs server1 2001:db8::12\nuser tacacs server2 2001:db8::13\n"},
          {"extremes", Mode::full, tacacs,
-          [](auto &now, auto &) {
-              now.tacacs.enabled = 0x80000000;
-              now.tacacs.secret = letters(32).c_str();
-              now.tacacs.port = -2147483647 - 1;
-              now.tacacs.retryTime = 127;
+          [](auto &current, auto &) {
+              current.tacacs.enabled = 0x80000000;
+              current.tacacs.secret = letters(32).c_str();
+              current.tacacs.port = -2147483647 - 1;
+              current.tacacs.retryTime = 127;
           },
           "user tacacs\nuser tacacs secret " + letters(32) +
               "\nuser tacacs tacacs-port -2147483648\nuser tacacs retry-time 127\n"
               "no user tacacs server1 \nno user tacacs server2 \n"},
-         {"places", Mode::full, tacacs, [](auto &now, auto &) { storeClientBytes(now, 202720); },
+         {"places", Mode::full, tacacs, [](auto &current, auto &) { storeClientBytes(current, 202720); },
           "user tacacs\nuser tacacs secret s\nuser tacacs tacacs-port 300\nuser tacacs retry-time -1\n"
           "user tacacs server1 41.42.43.44\nuser tacacs server2 4142:4344:4546:4748:494a:4b4c:4d4e:4f50\n"},
          {"equal", Mode::delta, tacacs, tacacsChanged([](AuthenticationClient &) {}), ""},
@@ -527,9 +527,9 @@ ROWS(Tacacs,
          {"behind the end of the secret", Mode::delta, tacacs,
           tacacsChanged([](AuthenticationClient &client) { client.secret.characters[31] = 'x'; }), ""},
          {"last character of the secret", Mode::delta, tacacs,
-          [](auto &now, auto &then) {
-              now.tacacs.secret = then.tacacs.secret = letters(32).c_str();
-              now.tacacs.secret.characters[31] = '!';
+          [](auto &current, auto &defaults) {
+              current.tacacs.secret = defaults.tacacs.secret = letters(32).c_str();
+              current.tacacs.secret.characters[31] = '!';
           },
           "user tacacs secret " + letters(31) + "!\n"},
          {"port", Mode::delta, tacacs, tacacsChanged([](AuthenticationClient &client) { client.port = -2; }),
@@ -556,7 +556,7 @@ ROWS(Tacacs,
               std::memset(&client.reserved81, 0xff, sizeof client.reserved81);
           }),
           ""},
-         {"order", Mode::delta, tacacs, [](auto &now, auto &) { now.tacacs = someClient(); },
+         {"order", Mode::delta, tacacs, [](auto &current, auto &) { current.tacacs = someClient(); },
           "user tacacs\nuser tacacs secret shared\nuser tacacs tacacs-port 1812\nuser tacacs retry-time 5\n"
           "user tacacs server1 198.51.100.12\nuser tacacs server2 198.51.100.13\n"},
      }));

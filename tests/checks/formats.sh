@@ -11,10 +11,14 @@ trap 'rm -rf "$folder"' EXIT
 compiles() {
     cat >"$folder/format.cpp" <<CODE
 #include "app/text/text.h"
+#include "format/port_set.h"
+#include "format/section_lines.h"
 #include "platform/image.h"
-void emit(const User &user, const AclRule &rule, const be32 &word, const char *text, const int *pointer, int number) {
+void emit(const User &user, const AclRule &rule, const be32 &word, const char *text, const int *pointer, int number,
+          PortSet ports, EachPort each, const SectionLines<PoeConfig> &poe, const SectionLines<StpPorts> &stp) {
     static_cast<void>(user), static_cast<void>(rule), static_cast<void>(word), static_cast<void>(text);
-    static_cast<void>(pointer), static_cast<void>(number);
+    static_cast<void>(pointer), static_cast<void>(number), static_cast<void>(ports), static_cast<void>(each);
+    static_cast<void>(poe), static_cast<void>(stp);
     $1;
 }
 CODE
@@ -38,6 +42,16 @@ append("a %s %d\n", user.name, user.level)
 append("a %s\n", "b")
 append("a %02X:%02X:%02X:%02X:%02X:%02X\n", rule.sourceMac)
 append("a %d.%d.%d.%d\n", rule.source)
+append("a %s \n", ports)
+append("a %s\n", each)
+append("a %d %s\n", number, ports)
+poe.append("a\n")
+poe.append({"a \n", "a\n"})
+poe.append({"a\n", "a  \n"})
+poe.append({"a %s %d \n", "a %s %d\n"}, ports, number)
+poe.onOff(&PoeConfig::enabled, {"a \n", "a\n"}, "no a\n")
+poe.value(&PoeConfig::alarmThreshold, {"a %d \n", "a %d\n"})
+stp.blocks(&StpPorts::enabled, {"a %s \n", "a %s\n"}, {{0, "no b\n"}})
 FITS
 
 while IFS= read -r statement; do
@@ -97,6 +111,33 @@ append("a %d\n", 1.5)
 append("a %d\n", 1LL)
 append(text)
 append(text, number)
+append("a %d\n", ports)
+append("a %ld\n", ports)
+append("a %u\n", ports)
+append("a %X\n", ports)
+append("a %02X\n", ports)
+append("a %d\n", each)
+append("a\n", ports)
+append("a %s\n", ports, ports)
+append("a %s %s\n", ports)
+poe.append({"a \n", "b\n"})
+poe.append({"a\n", "ab\n"})
+poe.append({"a b\n", "a  b\n"})
+poe.append({" a\n", "a\n"})
+poe.append({"a\n", "a"})
+poe.append({"a", "a\n"})
+poe.append({"a", "a"})
+poe.append({"a\n", ""})
+poe.append({"a %s \n", "b %s\n"}, ports)
+poe.append({"a %s \n", "a %d\n"}, ports)
+poe.append({"a %d \n", "a\n"}, number)
+poe.append({"a %d \n", "a %d\n"}, ports)
+poe.onOff(&PoeConfig::enabled, {"a \n", "b\n"}, "no a\n")
+poe.onOff(&PoeConfig::enabled, "a\n", {"no a \n", "no b\n"})
+poe.value(&PoeConfig::alarmThreshold, {"a %d \n", "b %d\n"})
+poe.value(&PoeConfig::alarmThreshold, "a %s\n")
+stp.blocks(&StpPorts::enabled, {"a %s \n", "b %s\n"}, {{0, "no b\n"}})
+stp.blocks(&StpPorts::enabled, "a %d\n", {{0, "no b\n"}})
 REFUSED
 
 conclude

@@ -6,6 +6,7 @@
 
 #include "app/run.h"
 #include "app/text/text.h"
+#include "app/verbs.h"
 
 #include <cstring>
 #include <fcntl.h>
@@ -95,13 +96,6 @@ int __wrap_open(const char *path, int flags, mode_t mode) {
 
 namespace {
 
-struct Verb {
-    std::string_view word;
-    int selector;
-};
-constexpr Verb verbs[] = {
-    {"default_config", 1}, {"running_config", 0}, {"startup_config", 2}, {"customer_def_config", 3}};
-
 /// What a run must do, worked out from its words in another way than the program's.
 struct Expected {
     int status = 0;
@@ -122,13 +116,6 @@ struct Expected {
     }
 };
 
-/// Takes `ending` away from the end of `word`, if it stands there.
-bool takeEnding(std::string_view &word, std::string_view ending) {
-    if (word.size() < ending.size() || word.substr(word.size() - ending.size()) != ending) return false;
-    word.remove_suffix(ending.size());
-    return true;
-}
-
 Expected expectationOf(const std::vector<std::string> &words) {
     Expected expected;
     const std::string name = words.empty() ? "textcfg" : words[0];
@@ -137,14 +124,11 @@ Expected expectationOf(const std::vector<std::string> &words) {
     for (std::size_t i = 1; i < words.size(); ++i) {
         const std::string &word = words[i];
         if (word.empty() || word[0] != '-') {
-            std::string_view stem = word;
-            const bool page = takeEnding(stem, "_page");
-            const bool delta = takeEnding(stem, "_delta");
             for (const Verb &verb : verbs)
-                if (stem == verb.word) {
+                if (word == verb.word) {
                     expected.selector = verb.selector;
-                    expected.page = page;
-                    expected.delta = delta;
+                    expected.page = word.ends_with("_page");
+                    expected.delta = word.find("_delta") != word.npos;
                 }
         } else if (word.size() < 2 || (word[1] != 'f' && word[1] != 'F')) {
             return expected.refused(invalidOption, name + ": Invalid option: " + word + "\n", true);

@@ -11,6 +11,7 @@
 #include "app/order.h"
 #include "app/text/text.h"
 #include "platform/host/factory.h"
+#include "tests/emitter_lists.h"
 
 #include <array>
 #include <cstring>
@@ -24,66 +25,11 @@ namespace {
 
 constexpr std::size_t stepCount = std::size(order::steps);
 
-/// Emitters that have nothing to write, in full mode.
-constexpr std::string_view silentInFull[] = {
-    "convConfigVLANConfig_mid_vlan_lan_configure",
-    "convConfigAdvancedfunction",
-    "convConfigApplicationfunction",
-    "convConfigNetConfig_mid_sys_ddns_server_configure",
-    "convConfigNetConfig_mid_sys_dhcp_server_configure",
-    "InterfaceGroup_configure_ip_group",
-    "convConfigDNSConfig_mid_sys_dns_cfg_configure_ip_name_server",
-    "convConfig_mid_forward_dynamic_route_configure",
-    "convConfig_mid_forward_static_route_idx_configure",
-    "convConfig_mid_sys_netcfg_wan_configure",
-    "convConfig_mid_sys_netcfg_ipv4_lan_configure",
-    "convConfig_mid_sys_netcfg_wan_ipv6_configure",
-    "convConfig_mid_sys_netcfg_ipv6_lan_configure",
-    "convConfig_mid_sys_dhcpv6_server_configure",
-    "convConfig_mid_sys_dhcpv6_srv_state_idx_configure",
-    "convConfig_mid_sys_radvd_configure",
-    "convConfig_mid_sys_ddns_ipv6_configure",
-    "convConfig_mid_forward_static_ipv6_route_idx_configure",
-    "convConfigServiceConfig_mid_sys_remote_access_configure_management",
-    "convConfigServiceConfig_mid_sys_online_cfg_configure_management",
-    "convConfigPortMirror_PortMirror_configure_mirror_mode",
-    "convConfigSKAConfig2_SKAConfig2_configure_configure_security",
-    "convConfigSecurity_HG",
-    "convConfigSIP",
-    "convConfigUSBControl_USBControl_configure_usb",
-    "convConfigVLANConfig_mid_sys_vlan_config_configure_vlan",
-    "convConfigVoice",
-    "convConfigPriorityConfig_PriorityConfig_configure_interface_qos",
-    "convConfigDSCPRemark_DSCPRemark_configure_interface_qos",
-    "convConfigStormControl_StormControl_configure_interface_security",
-    "PortConfigFunc_configure_interface_lan",
-    "convConfigPriorityConfig_PriorityConfig_configure_interface_lan_qos",
-    "convConfigRateLimitConfig2_RateLimitConfig2_configure_interface_lan_qos",
-    "convConfigVLANConfig_VLANConfig_configure_interface_lan_qos",
-    "convConfigVLANConfig_mid_sys_vlan_config_configure_interface_lan_vlan",
-    "PortConfigFunc_configure_interface_wan",
-    "convConfigPriorityConfig_PriorityConfig_configure_interface_wan_qos",
-    "convConfigRateLimitConfig2_RateLimitConfig2_configure_interface_wan_qos",
-    "convConfigVLANConfig_VLANConfig_configure_interface_wan_qos",
-    "convConfigVLANConfig_mid_sys_vlan_config_configure_interface_wan_vlan",
-};
-/// Of those, the one that has something to write when two images are compared, and the one that has nothing only then.
-constexpr std::string_view notSilentInDelta = "convConfigVLANConfig_mid_sys_vlan_config_configure_vlan";
-constexpr std::string_view silentInDelta = "convConfigMacLimit_MacLimit_configure_interface_security_mac_limit";
-
-constexpr bool mayWrite(const order::Step &step, bool delta) {
-    if (delta && step.emitter == silentInDelta) return false;
-    if (delta && step.emitter == notSilentInDelta) return true;
-    for (const std::string_view silent : silentInFull)
-        if (step.emitter == silent) return false;
-    return true;
-}
-
 /// Whether each step may write, by mode.
 constexpr auto writers = [] {
     std::array<std::array<bool, stepCount>, 2> all = {};
     for (std::size_t i = 0; i < stepCount; ++i)
-        for (const bool delta : {false, true}) all[delta][i] = mayWrite(order::steps[i], delta);
+        for (const bool delta : {false, true}) all[delta][i] = emitter_lists::mayWrite(order::steps[i].emitter, delta);
     return all;
 }();
 
