@@ -29,7 +29,7 @@ void listRules(bool json, Output &output) {
     }
 }
 
-std::string lineOf(const Finding &finding) {
+std::string lineOf(const Finding &finding, const Output &output) {
     std::string line = escapeText(finding.file) + ": " + finding.path;
     if (finding.offset) {
         char offset[48];
@@ -37,7 +37,8 @@ std::string lineOf(const Finding &finding) {
         line += offset;
     }
     line += ": ";
-    line += nameOf(finding.rule->severity);
+    line += output.painted(finding.rule->severity == Severity::error ? Output::Paint::red : Output::Paint::yellow,
+                           nameOf(finding.rule->severity));
     line += ' ';
     line += finding.rule->name;
     return line + ": found " + finding.found + "; expected " + finding.expected + '\n';
@@ -73,7 +74,7 @@ public:
         isFirstRecord_ = false;
     }
     void add(const Finding &finding) {
-        if (!json_) output_ << lineOf(finding);
+        if (!json_) output_ << lineOf(finding, output_);
         else output_ << (isFirstFinding_ ? "\n  " : ",\n  ") << jsonOf(finding).dump();
         isFirstFinding_ = false;
     }

@@ -212,7 +212,7 @@ void chooseShown(std::vector<Pair> &pairs, bool secrets, bool md5) {
 
 // ----------------------------------------------------------------------------------------------------------- printing
 
-constexpr const char *noLine = "  (no line)";
+constexpr const char *noLine = "(no line)";
 
 std::string valueText(const Difference &difference, const std::shared_ptr<const void> &record, bool secrets) {
     if (!difference.leaf.isReserved()) return displayOf(difference.leaf, record.get());
@@ -220,7 +220,7 @@ std::string valueText(const Difference &difference, const std::shared_ptr<const 
     return hexadecimal({bytesIn(record, difference.offset), difference.size});
 }
 
-std::string differenceLine(const Pair &pair, const Difference &difference, bool secrets) {
+std::string differenceLine(const Pair &pair, const Difference &difference, bool secrets, const Output &output) {
     const Leaf &leaf = difference.leaf;
     std::string value =
         valueText(difference, pair.shownOld, secrets) + " -> " + valueText(difference, pair.shownNow, secrets);
@@ -234,7 +234,7 @@ std::string differenceLine(const Pair &pair, const Difference &difference, bool 
     line.pop_back();
     const std::string_view other = otherSettingOf(leaf);
     if (!other.empty()) line += "  (also " + std::string(other) + ')';
-    if (difference.changesLines == false) line += noLine;
+    if (difference.changesLines == false) line += "  " + output.painted(Output::Paint::yellow, noLine);
     return line + '\n';
 }
 
@@ -244,7 +244,7 @@ void print(const Pair &pair, bool titled, bool secrets, Output &output) {
         output << (pair.now == nullptr ? "only in OLD\n" : "only in NEW\n");
         return;
     }
-    for (const Difference &difference : pair.differences) output << differenceLine(pair, difference, secrets);
+    for (const Difference &difference : pair.differences) output << differenceLine(pair, difference, secrets, output);
     if (pair.part != Part::image) return;
     output << "\n";
     if (!pair.noLines.empty()) {

@@ -1,6 +1,7 @@
 #include "inspect/output.h"
 
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 #include <unistd.h>
 
@@ -15,6 +16,18 @@ Output &Output::operator<<(std::string_view text) {
     pending_ += text;
     if (pending_.size() >= pieceSize) flush();
     return *this;
+}
+
+bool Output::showsColours() {
+    const char *const unwanted = std::getenv("NO_COLOR");
+    if (unwanted != nullptr && unwanted[0] != '\0') return false;
+    const char *const terminal = std::getenv("TERM");
+    return terminal != nullptr && std::strcmp(terminal, "dumb") != 0 && isatty(STDOUT_FILENO) == 1;
+}
+
+std::string Output::painted(Paint paint, std::string_view text) const {
+    if (!hasColours_) return std::string(text);
+    return (paint == Paint::red ? "\x1b[31m" : "\x1b[33m") + std::string(text) + "\x1b[0m";
 }
 
 void Output::flush() {

@@ -19,8 +19,16 @@ public:
     /// Writes what is left. To be called last: nothing is written by the end of the object.
     void flush();
 
+    enum class Paint { red, yellow };
+    /// The text with escape sequences for a colour, if standard output is a terminal that shows them and the variable
+    /// NO_COLOR is not set; else the text itself.
+    std::string painted(Paint paint, std::string_view text) const;
+
 private:
     std::string pending_;
+    bool hasColours_ = showsColours();
+
+    static bool showsColours();
 };
 
 } // namespace inspect
