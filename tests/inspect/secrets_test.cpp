@@ -124,11 +124,15 @@ TEST_F(Secrets, AreInNoOutputOfAnyCommand) {
             for (const std::string &flag : help.flags)
                 if (flag != "--secrets" && flag != "--mask") flags.push_back(flag);
             ASSERT_LT(flags.size(), 8U);
-            for (const std::vector<std::string> &named : records)
+            // These try each field of each line: one record is enough.
+            const bool tries = command == "explain" || command == "annotate";
+            for (const std::vector<std::string> &named : records) {
+                if (tries && &named != std::begin(records)) break;
                 for (unsigned chosen = 0; chosen < 1U << flags.size(); ++chosen) {
                     std::vector<std::string> words = {command, named[0]};
                     // What is no second record may be a pattern, which is a chance of its own.
-                    if (help.positionals.size() > 1 && help.positionals[1] != "PATTERN") words.push_back(named[1]);
+                    if (command == "explain") words.emplace_back("/ secret /");
+                    else if (help.positionals.size() > 1 && help.positionals[1] != "PATTERN") words.push_back(named[1]);
                     for (std::size_t i = 0; i < flags.size(); ++i)
                         if ((chosen >> i & 1) != 0) words.push_back(flags[i]);
                     for (const std::string &flag : help.flags)
@@ -159,6 +163,7 @@ TEST_F(Secrets, AreInNoOutputOfAnyCommand) {
                     }
                     std::filesystem::remove_all(path(written));
                 }
+            }
             // What a command that takes other words prints has to be looked at here too.
             EXPECT_GT(printed, 0U) << command << " printed nothing";
         }
