@@ -1,7 +1,7 @@
 /// The rendering drivers: a header, then every emitter in the one order of `app/order.h`, each exactly once.
 ///
-/// All of them render the image behind `gSysConfig` into `Temp_Configuration`; the delta drivers write what differs
-/// from the image behind `gDefConfig`. None fails; whether the text fits is asked of the text buffer.
+/// All of them render the image `gSysConfig` into `Temp_Configuration`; the delta drivers write what differs
+/// from the image `gDefConfig`. None fails; the text buffer knows whether the text fits.
 #pragma once
 
 // Those who link the library call them from C.

@@ -27,7 +27,7 @@ struct Read {
 
 #define READ_BYTES(image, member)                                                                                      \
     order::Read { order::Read::From::image, #member, offsetof(ConfigImage, member), sizeof(ConfigImage::member) }
-// NOLINTBEGIN(bugprone-macro-parentheses): the names of members cannot stand in parentheses
+// NOLINTBEGIN(bugprone-macro-parentheses): the names of members cannot be in parentheses
 #define READ_EACH(image, table, field)                                                                                 \
     order::Read {                                                                                                      \
         order::Read::From::image, #table "[]." #field, offsetof(ConfigImage, table[0].field),                          \

@@ -41,7 +41,7 @@ bool readWords(int argc, char **argv, const Verb *&verb) {
                 if (std::strcmp(word, candidate.word) == 0) verb = &candidate;
             continue;
         }
-        if (word[1] != 'F' && word[1] != 'f') { // nothing behind the letter is looked at
+        if (word[1] != 'F' && word[1] != 'f') { // nothing after the letter is looked at
             std::printf("%s: Invalid option: %s\n", program, word);
             std::puts(usage);
             return false;

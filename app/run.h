@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <pthread.h>
 
-/// Longest output path. The byte behind it is never written, so a path of full length stays terminated.
+/// Longest output path. The byte after it is never written, so a path of full length stays terminated.
 inline constexpr std::size_t configFileSize = 255;
 
 /// Path of the output file.

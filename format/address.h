@@ -12,7 +12,7 @@
 struct AddressText {
     char text[UTIL_ADDRESS_SIZE] = {};
 
-    /// "0.0.0.0", which stands for no address.
+    /// "0.0.0.0", which means no address.
     bool isUnset() const;
     friend bool operator==(const AddressText &a, const AddressText &b) {
         return std::strncmp(a.text, b.text, sizeof a.text) == 0;

@@ -1,4 +1,4 @@
-/// The board information record: what the platform tells of the switch it runs on.
+/// The board information record: what the platform reports of the switch it runs on.
 #pragma once
 
 #include "platform/record.h"
@@ -18,7 +18,7 @@ struct BoardRecord {
 
     /// Power over Ethernet is fitted.
     constexpr bool hasPoe() const { return (capabilities.value() & 0x100) != 0; }
-    /// A battery is fitted: either of two capability bits tells.
+    /// A battery is fitted: either of two capability bits says so.
     constexpr bool hasBattery() const { return (capabilities.value() & 0x50) != 0; }
     /// A board without configurable loop detection and global IGMP snooping, whose DHCP server ports are tested by a
     /// masked word.

@@ -1,6 +1,6 @@
 /// The configuration image: a switch's whole stored configuration as one record of 262,144 bytes.
 ///
-/// This is the one place that knows where anything lies. Sections stand in the order of the record, each a struct at
+/// This is the one place that knows where anything is. Sections are in the order of the record, each a struct at
 /// its place; the bytes between them that the program does not read are named as reserved. The compiler proves every
 /// place below. Per-port arrays hold 28 entries, entry 0 being port 1; the PoE array holds 24.
 #pragma once
@@ -228,7 +228,7 @@ static_assert(offsetof(MacEntry, vlan) == 12);
 using MacTable = MacEntry[128];
 
 /// MAC learning of the ports. Whether it was changed is decided over all 116 bytes: the ports' words and the one
-/// behind.
+/// after them.
 struct MacLearning {
     be32 off[portCount]; ///< learning on the port
     be32 following;      ///< counts when two images are compared
@@ -388,7 +388,7 @@ static_assert(offsetof(TrapConfig, macLimit) == 36 && offsetof(TrapConfig, autoB
 
 // ----------------------------------------------------------------------------------------------- QoS, 128284 to 129463
 
-/// Queue weights. Whether they were changed is decided over all 896 bytes: the weights and the 864 bytes behind them.
+/// Queue weights. Whether they were changed is decided over all 896 bytes: the weights and the 864 bytes after them.
 struct QueueWeights {
     be_i32 weight[8];  ///< weight of each queue
     u8 following[864]; ///< counts when two images are compared
@@ -498,7 +498,7 @@ struct LogConfig {
 };
 static_assert(record<LogConfig, 72> && offsetof(LogConfig, server) == 2 && offsetof(LogConfig, serverIpv6) == 20);
 
-/// Client of an authentication server: RADIUS and TACACS+ alike.
+/// Client of an authentication server: RADIUS and TACACS+.
 struct AuthenticationClient {
     be32 enabled;       ///< client is on
     Secret<32> secret;  ///< shared secret
@@ -862,7 +862,7 @@ static_assert(offsetof(BackupConfig, path) == 77);
 
 // ----------------------------------------------------------------------------------------------------------- the image
 
-/// The whole record. Members stand where the record has them; each section's place is asserted below.
+/// The whole record. Members are where the record has them; each section's place is asserted below.
 struct ConfigImage {
     TimeConfig time;
     Ipv4Interface ipv4;
@@ -948,7 +948,7 @@ struct ConfigImage {
     Reserved<55003> reserved207141;
 
     /// The 64 bytes from the description of port `index` (from 0) on: the description, the port's further settings and
-    /// what follows them, which is the next port or, behind the last, reserved.
+    /// what follows them, which is the next port or, after the last, reserved.
     CircuitId descriptionAndBeyond(int index) const;
 };
 static_assert(record<ConfigImage, 262144>);

@@ -2,7 +2,7 @@
 ///
 /// A record is bytes at fixed places, big-endian, on the switch as in a dump that was carried to a workstation.
 /// Every field type is therefore an array of bytes of alignment 1: a record of such fields has no padding, may lie at
-/// an odd offset and reads alike on every host. A number is read by name (`value()`); nothing converts silently.
+/// an odd offset and reads the same on every host. A number is read by name (`value()`); nothing converts silently.
 /// Storing a number or a text is an assignment, so that stores can be composed as plainly as they are read.
 #pragma once
 

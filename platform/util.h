@@ -1,7 +1,7 @@
 /**
  * The platform's utility operations, as far as this program uses them: pure functions over the caller's memory, none of
  * which can fail. The destinations are always as large as the sizes below; no operation may write more, nor write
- * behind the NUL of the text that it made (a text that stood there before may be compared later).
+ * after the NUL of the text that it made (a text that was there before may be compared later).
  *
  * Bitmaps are bytes as they lie in the configuration image. The bit order is the platform's; this project's images
  * and its stand-in count bit n as bit n mod 8, least significant first, of byte n / 8.

@@ -7,15 +7,14 @@
 #include "platform/image.h"
 
 namespace full {
-/// IPv4 management interface (image 376 to 491): "ip address dhcp" for DHCP modes 0 and 1 alone, "ip address" with
-/// address, mask and gateway, "ip enable".
+/// A DHCP mode beyond 1 has no line.
 int convConfigNetConfig_mid_sys_netcfg_ipv4_configure_ip(const Ipv4Interface &current);
 int convConfigNetConfig_mid_sys_ddns_server_configure();            ///< traces only
 int convConfigNetConfig_mid_sys_dhcp_server_configure();            ///< traces only
 int convConfigDNSConfig_mid_sys_dns_cfg_configure_ip_name_server(); ///< traces only
 int convConfig_mid_forward_dynamic_route_configure();               ///< traces only
 int convConfig_mid_forward_static_route_idx_configure();            ///< traces only
-/// IPv6 management interface (image 492 to 695): "ipv6 enable" and the "ipv6 address" lines, set or not.
+/// Addresses are written even if they are not set.
 int convConfigNetConfig_mid_sys_netcfg_ipv6_configure_ipv6(const Ipv6Interface &current);
 int convConfig_mid_sys_netcfg_wan_configure();                ///< traces only
 int convConfig_mid_sys_netcfg_ipv4_lan_configure();           ///< traces only
@@ -29,12 +28,12 @@ int convConfig_mid_forward_static_ipv6_route_idx_configure(); ///< traces only
 } // namespace full
 
 namespace delta {
-/// The same lines for what differs; every DHCP mode but 1 counts as off here. Nothing if nothing differs.
+/// A DHCP mode beyond 1 counts as off.
 int convConfigNetConfig_mid_sys_netcfg_ipv4_configure_ip(const Ipv4Interface &current, const Ipv4Interface &defaults);
 using full::convConfig_mid_forward_dynamic_route_configure;               // traces only
 using full::convConfig_mid_forward_static_route_idx_configure;            // traces only
 using full::convConfigDNSConfig_mid_sys_dns_cfg_configure_ip_name_server; // traces only
-/// The same lines for what differs, addresses by their text. Nothing if nothing differs.
+/// Addresses are compared by their text.
 int convConfigNetConfig_mid_sys_netcfg_ipv6_configure_ipv6(const Ipv6Interface &current, const Ipv6Interface &defaults);
 using full::convConfig_mid_forward_static_ipv6_route_idx_configure; // traces only
 using full::convConfig_mid_sys_ddns_ipv6_configure;                 // traces only

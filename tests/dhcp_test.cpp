@@ -102,12 +102,12 @@ ROWS(DhcpSnoopingChanges,
          {"remote id, last byte", Mode::delta, dhcp,
           dhcpChange([](ConfigImage &image) { image.circuitIds.remoteId.characters[63] = '-'; }),
           "ip dhcp snooping remote id abcdefghijklmnopqrstuvwxyzabcdefghijklmnopqrstuvwxyzabcdefghijk-\n"},
-         {"remote id, behind its end", Mode::delta, dhcp,
+         {"remote id, after its end", Mode::delta, dhcp,
           current([](ConfigImage &image) { image.circuitIds.remoteId.characters[1] = 'x'; }), ""},
          {"server ports", Mode::delta, dhcp,
           dhcpChange([](ConfigImage &image) { image.dhcpSnooping.serverPorts = {}; }),
           "no ip dhcp snooping dhcp-server\n"},
-         {"server ports, a bit behind port 28", Mode::delta, dhcp,
+         {"server ports, a bit after port 28", Mode::delta, dhcp,
           dhcpChange([](ConfigImage &image) { image.dhcpSnooping.serverPorts.set(31); }),
           "ip dhcp snooping dhcp-server 1,2,16-19,28 \n"},
          {"server ports, type 5027", Mode::delta, dhcp, onBoard(5027, servers({17, 28})),
@@ -201,7 +201,7 @@ ROWS(DhcpSnoopingOfPorts,
               portsTail},
          {"circuit", Mode::delta, portDhcp, circuits([](CircuitIds &ids) { put(ids.inserted, {1}); }),
           "interface 1\nip dhcp snooping circuit\nexit\ninterface 2-28\nno ip dhcp snooping circuit\nexit\n"},
-         {"circuit behind port 28", Mode::delta, portDhcp, circuits([](CircuitIds &ids) {
+         {"circuit after port 28", Mode::delta, portDhcp, circuits([](CircuitIds &ids) {
               put(ids.inserted, {29, 30, 31, 32});
           }),
           ""},
@@ -219,7 +219,7 @@ ROWS(DhcpSnoopingOfPorts,
          {"formatted", Mode::delta, portDhcp, circuits([](CircuitIds &ids) { put(ids.formatted, {28}); }),
           "interface 28\nip dhcp snooping circuit formatted\nexit\n"
           "interface 1-27\nno ip dhcp snooping circuit formatted\nexit\n"},
-         {"formatted behind port 28", Mode::delta, portDhcp, circuits([](CircuitIds &ids) {
+         {"formatted after port 28", Mode::delta, portDhcp, circuits([](CircuitIds &ids) {
               put(ids.formatted, {29, 30, 31, 32});
           }),
           ""},
@@ -338,14 +338,14 @@ ROWS(SourceGuardEntries,
               },
               [](ConfigImage &image) { image.sourceGuardTable[0].port = 4, image.sourceGuardTable[0].vlan = 9; }),
           ""},
-         {"IPv6 addresses behind an IPv4 one do not count", Mode::delta, guardTable,
+         {"IPv6 addresses after an IPv4 one do not count", Mode::delta, guardTable,
           both(
               [](ConfigImage &image) {
                   guardEntry(image.sourceGuardTable[0], {{192, 0, 2, 7}}, {}, 3);
               },
               [](ConfigImage &image) { image.sourceGuardTable[0].addressIpv6 = documentation; }),
           ""},
-         {"what a longer address left behind counts", Mode::delta, guardTable,
+         {"what a longer address left counts", Mode::delta, guardTable,
           [](ConfigImage &current, ConfigImage &defaults) {
               guardEntry(current.sourceGuardTable[0], {}, longest, 0);
               for (const int slot : {1, 20, 47}) {
@@ -357,7 +357,7 @@ ROWS(SourceGuardEntries,
           "interface 2\nip sourceguard static-ip 192.0.2.7 vlan 101\nexit\n"
           "interface 21\nip sourceguard static-ip 192.0.2.7 vlan 120\nexit\n"
           "interface 48\nip sourceguard static-ip 192.0.2.7 vlan 147\nexit\n"},
-         {"what a longer default address left behind counts", Mode::delta, guardTable,
+         {"what a longer default address left counts", Mode::delta, guardTable,
           [](ConfigImage &current, ConfigImage &defaults) {
               guardEntry(current.sourceGuardTable[0], {{192, 0, 2, 7}}, {}, 0);
               guardEntry(current.sourceGuardTable[1], {{192, 0, 2, 8}}, {}, 1);
@@ -366,7 +366,7 @@ ROWS(SourceGuardEntries,
           },
           "interface 1\nip sourceguard static-ip 192.0.2.7 vlan 100\nexit\n"
           "interface 2\nip sourceguard static-ip 192.0.2.8 vlan 101\nexit\n"},
-         {"the same left behind on both sides", Mode::delta, guardTable,
+         {"the same left on both sides", Mode::delta, guardTable,
           both(
               [](ConfigImage &image) {
                   guardEntry(image.sourceGuardTable[0], {}, longest, 0);
@@ -383,7 +383,7 @@ ROWS(SourceGuardEntries,
               for (const int slot : {1, 2, 3}) defaults.sourceGuardTable[slot] = current.sourceGuardTable[slot];
           },
           "interface 1\nip sourceguard static-ip 2001:db8::5 vlan 100\nexit\n"},
-         {"an entry that is not valid leaves nothing behind", Mode::delta, guardTable,
+         {"an entry that is not valid leaves nothing", Mode::delta, guardTable,
           [](ConfigImage &current, ConfigImage &defaults) {
               guardEntry(current.sourceGuardTable[0], {}, longest, 0);
               current.sourceGuardTable[0].valid = 0;

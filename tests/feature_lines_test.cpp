@@ -314,7 +314,8 @@ FieldLine linkTrap() {
     return {{hold(0, 0), "no snmp-server trap-type port-link\n"}, {hold(1, 0), "snmp-server trap-type port-link\n"}};
 }
 
-/// A board with Power over Ethernet and a battery. One trap is on and one off, so that no line stands for all of them.
+/// A board with Power over Ethernet and a battery. One trap is on and one off, so that there is no line for all of
+/// them.
 void warmStartAlone(ConfigImage &image) {
     g_EEPROM.capabilities = 0x150;
     image.traps.warmStart = 1;

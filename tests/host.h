@@ -30,12 +30,12 @@ template <std::size_t Size> struct Marked {
 
     Marked() { std::memset(text, '~', sizeof text); }
 
-    /// What was written, which must end with one NUL; nothing behind it may have changed.
+    /// What was written, which must end with one NUL; nothing after it may have changed.
     std::string written() const {
         const std::size_t length = strnlen(text, Size);
         if (length == Size) return "(not terminated)";
         for (std::size_t i = length + 1; i < Size; ++i)
-            if (text[i] != '~') return "(written behind the NUL)";
+            if (text[i] != '~') return "(written after the NUL)";
         return text;
     }
 };

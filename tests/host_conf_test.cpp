@@ -55,7 +55,7 @@ TEST(PlatformConfText, IsUnderstood) {
     };
     for (const auto &row : cases) {
         PlatformConf conf;
-        const std::vector<char> bytes(row.text.begin(), row.text.end()); // nothing behind the last byte
+        const std::vector<char> bytes(row.text.begin(), row.text.end()); // nothing after the last byte
         EXPECT_EQ(parsePlatformConf(bytes.data(), bytes.size(), conf).line, 0U) << row.text;
         EXPECT_EQ(conf.activeBank, row.bank) << row.text;
         EXPECT_EQ(conf.md5Passwords, row.md5) << row.text;

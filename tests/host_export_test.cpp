@@ -216,7 +216,7 @@ TEST_F(Export, TellsWhyTheFolderCannotBe) {
 }
 
 TEST_F(Export, RemovesWhatItMadeIfItFails) {
-    // A limit on the size of files stands for a full disk.
+    // A limit on the size of files has the effect of a full disk.
     rlimit before = {};
     ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
     rlimit small = before;

@@ -148,11 +148,11 @@ TEST_F(Store, EachImageComesFromItsFile) {
     }
     struct {
         BoardRecord board;
-        char behind[8];
+        char after[8];
     } filled = {};
     EXPECT_EQ(mapi_sys_eeprom_info_get(transaction.handle, &filled.board), 0);
     EXPECT_EQ(bytesAsText(filled.board), std::string(244, 'b'));
-    EXPECT_EQ(std::string(filled.behind, 8), std::string(8, '\0'));
+    EXPECT_EQ(std::string(filled.after, 8), std::string(8, '\0'));
 }
 
 TEST_F(Store, AFileThatIsNotWholeFailsTheOperationThatNeedsIt) {

@@ -183,7 +183,7 @@ ROWS(PhysicalPortsThatDiffer,
 
 namespace {
 
-/// Descriptions are written alike in both modes.
+/// Descriptions are written the same in both modes.
 std::vector<Row> descriptions(Mode mode) {
     return {
 
@@ -221,7 +221,7 @@ std::vector<Row> descriptions(Mode mode) {
          }),
          "interface 1\ndescription abcdefghijklmnopqrstuvwxyzabcdefghij \nexit\n"
          "interface 2\ndescription abcdefghijklmnopqrstuvwxyzabcdefghi \nexit\n"},
-        {"bytes behind the NUL do not count", mode, ports, described([](PortTable &port, PortTable &) {
+        {"bytes after the NUL do not count", mode, ports, described([](PortTable &port, PortTable &) {
              port[0].description.characters[1] = 'x';
              port[1].description = port[2].description = "a";
              port[2].description.characters[2] = 'x';

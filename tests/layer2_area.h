@@ -96,7 +96,7 @@ inline Given portVlanFrom(PortVlan defaults, PortVlan current) {
 const Bitmap<5> withCpu = ports<Bitmap<5>>({1, 29});
 const Bitmap<5> withoutCpu = ports<Bitmap<5>>({1});
 
-/// A name that fills its field; the members behind it are printable.
+/// A name that fills its field; the members after it are printable.
 inline PortVlan fullName(const char *name) {
     PortVlan vlan = portVlan(name);
     std::memset(vlan.members.bytes, 'A', sizeof vlan.members.bytes);
@@ -382,7 +382,7 @@ struct ReadRow {
     std::size_t length;
     Places full;          ///< bytes of the current image that full mode reads
     Places fullDefaults;  ///< of the default image
-    Places delta;         ///< bytes of the current image whose change delta mode tells
+    Places delta;         ///< bytes of the current image whose change delta mode notices
     Places deltaDefaults; ///< of the default image
 };
 

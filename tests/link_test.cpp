@@ -100,7 +100,7 @@ ROWS(TrunkPorts,
               image.trunks[0] = trunk("first", ports<Bitmap<8>>({1, 2, 28}));
               image.trunks[1] = trunk("unused", twoPorts, 0);
               image.trunks[2] = trunk("nobody");
-              image.trunks[3] = trunk("behind", ports<Bitmap<8>>({29, 30, 33, 64}));
+              image.trunks[3] = trunk("beyond", ports<Bitmap<8>>({29, 30, 33, 64}));
               image.trunks[4] = trunk("word", twoPorts, 256);
               image.trunks[13] = trunk("abcdefghijklmnop", ports<Bitmap<8>>({1, 7}));
           }),
@@ -113,7 +113,7 @@ ROWS(TrunkPorts,
          {"a port joined", Mode::delta, trunkPorts,
           trunkFrom(trunk("first", twoPorts), trunk("first", ports<Bitmap<8>>({25, 26, 28}))),
           "interface 25,26,28 \nchannel-group trunking first\nexit\n"},
-         {"bits behind the ports", Mode::delta, trunkPorts,
+         {"bits after the ports", Mode::delta, trunkPorts,
           trunkFrom(trunk("first", twoPorts), trunk("first", ports<Bitmap<8>>({25, 26, 29, 32, 33, 64}))), ""},
          {"all ports left", Mode::delta, trunkPorts, trunkFrom(trunk("first", twoPorts), trunk("first")), ""},
          {"out of use with other ports", Mode::delta, trunkPorts,
@@ -152,7 +152,7 @@ ROWS(Mirror,
          {"other sources", Mode::delta, mirrorDestination, mirrorFrom(mirrored(1, 5), mirrored(1, 5, ports({1}))), ""},
          {"mode", Mode::full, mirrorMode, mirrorFrom({}, mirrored(1, 5, ports({1}))), ""},
          {"no source", Mode::full, mirrorSource, mirrorFrom({}, mirrored(1, 5)), "no mirror source\n"},
-         {"bits behind the last port", Mode::full, mirrorSource, mirrorFrom({}, mirrored(0, 0, ports({29, 32}))),
+         {"bits after the last port", Mode::full, mirrorSource, mirrorFrom({}, mirrored(0, 0, ports({29, 32}))),
           "no mirror source\n"},
          {"sources", Mode::full, mirrorSource, mirrorFrom({}, mirrored(0, 0, ports({1, 2, 3, 28}))),
           "mirror source 1-3,28 \n"},
@@ -162,7 +162,7 @@ ROWS(Mirror,
           mirrorFrom(mirrored(1, 5, ports({1})), mirrored(1, 5, ports({1, 28}))), "mirror source 1,28 \n"},
          {"no source left", Mode::delta, mirrorSource, mirrorFrom(mirrored(1, 5, ports({1})), mirrored(1, 5)),
           "no mirror source\n"},
-         {"bits behind the last port", Mode::delta, mirrorSource,
+         {"bits after the last port", Mode::delta, mirrorSource,
           mirrorFrom(mirrored(1, 5, ports({1})), mirrored(1, 5, ports({1, 29}))), "mirror source 1 \n"},
          {"last bit of the set", Mode::delta, mirrorSource, mirrorFrom({}, mirrored(0, 0, ports({32}))),
           "no mirror source\n"},
@@ -266,7 +266,7 @@ ROWS(MacTable,
               for (be32 &off : learning.off) off = 1;
           }),
           "interface 1-28 \nno mac learning\nexit\n"},
-         {"the word behind the ports", Mode::full, macLearning,
+         {"the word after the ports", Mode::full, macLearning,
           learningChanged([](MacLearning &learning) { learning.following = 1; }),
           "interface 1 \nno mac learning\nexit\n"
           "interface 2-27 \nmac learning\nexit\n"},
@@ -275,7 +275,7 @@ ROWS(MacTable,
           learningChanged([](MacLearning &learning) { learning.off[26] = 1; }),
           "interface 1,27 \nno mac learning\nexit\n"
           "interface 2-26 \nmac learning\nexit\n"},
-         {"the word behind the ports", Mode::delta, macLearning,
+         {"the word after the ports", Mode::delta, macLearning,
           learningChanged([](MacLearning &learning) { learning.following = 1; }),
           "interface 1 \nno mac learning\nexit\n"
           "interface 2-27 \nmac learning\nexit\n"},

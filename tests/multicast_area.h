@@ -112,7 +112,7 @@ inline std::string profileBlock(const std::string &list, const std::string &name
     return "interface " + list + " \nip igmp filter profile " + name + "\nexit\n";
 }
 
-/// An entry of both images alike, then a change of the current one.
+/// The same entry in both images, then a change of the current one.
 inline auto groupChanged(std::function<void(MulticastEntry &)> change) {
     return [change](ConfigImage &current, ConfigImage &defaults) {
         for (ConfigImage *image : {&current, &defaults}) {

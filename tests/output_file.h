@@ -8,7 +8,7 @@
 #include <vector>
 
 struct OutputFile {
-    /// The file that stands for /tmp/config, which no test opens, writes or removes.
+    /// The file in place of /tmp/config, which no test opens, writes or removes.
     std::string standsForDefault;
     /// The paths that were opened for a text, in order, as the program named them.
     std::vector<std::string> opened;

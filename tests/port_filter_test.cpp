@@ -88,7 +88,7 @@ ROWS(PortFilters,
               port[1].profile[0] = "";
               port[2].profile[0] = " a";
               port[3].profile[0] = "a ";
-              port[4].profile[0].characters[2] = 'x'; // behind the end of a blank
+              port[4].profile[0].characters[2] = 'x'; // after the end of a blank
           }),
           noMaxima + profileBlock("1", "  ") + profileBlock("2", "") + profileBlock("3", " a") +
               profileBlock("4", "a ")},
@@ -101,7 +101,7 @@ ROWS(PortFilters,
           "interface 1-27 \nip igmp max-groups 0\nexit\ninterface 28 \nip igmp max-groups 16640\nexit\n" +
               profileBlock("1,28", letters(24)) + profileBlock("1,28", letters(24)) +
               profileBlock("1,28", letters(24)) + profileBlock("1,28", letters(24)) + profileBlock("2", letters(23))},
-         {"nothing counts behind the end of a name", Mode::full, portFilters, filters([](PortFilter *port) {
+         {"nothing counts after the end of a name", Mode::full, portFilters, filters([](PortFilter *port) {
               port[0].profile[0] = port[1].profile[0] = "a";
               port[1].profile[0].characters[2] = 'b';
           }),
@@ -122,7 +122,7 @@ ROWS(PortFilterDifferences,
               port[4].enabled = 0;
           }),
           "interface 5 \nno ip igmp filter\nexit\ninterface 4 \nip igmp filter\nexit\n"},
-         {"all ports stand in the blocks", Mode::delta, portFilters,
+         {"all ports are in the blocks", Mode::delta, portFilters,
           filters(
               [](PortFilter *port) {
                   for (int i = 0; i < 28; ++i) port[i].enabled = i >= 26;
@@ -140,7 +140,7 @@ ROWS(PortFilterDifferences,
               for (int i = 0; i < 28; ++i) port[i].maxGroups = 7;
           }),
           "interface 1-28 \nip igmp max-groups 7\nexit\n"},
-         {"groups that stand alike are left out", Mode::delta, portFilters,
+         {"groups that are the same are left out", Mode::delta, portFilters,
           filters(
               [](PortFilter *port) {
                   for (int i = 0; i < 28; ++i) port[i].maxGroups = i < 14 ? 10 : 20;

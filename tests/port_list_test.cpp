@@ -14,7 +14,7 @@
 
 namespace {
 
-/// What `body` appends; `LineBuffer` must be empty behind it.
+/// What `body` appends; `LineBuffer` must be empty after it.
 template <class Body> std::string appended(Body body) {
     clearText();
     body();
@@ -98,7 +98,7 @@ TEST(PortList, LooksAheadWithinItsCountOnly) {
         EXPECT_EQ(list + " ", appended([&] { APPEND_PORT_MEMBER_INT_NUM(words.data(), 1, row.count); }));
         EXPECT_EQ(list + "\n", appended([&] { APPEND_PORT_MEMBER_NUM(bytes.data(), 1, row.count); }));
     }
-    // The very last member of the count ends a run that goes on behind it.
+    // The very last member of the count ends a run that goes on after it.
     const auto late = valuesAt<u8>({24, 25, 29, 30}, 1, 0);
     EXPECT_EQ("24\n", appended([&] { APPEND_PORT_MEMBER_24(late.data(), 1); }));
     EXPECT_EQ("24,25\n", appended([&] { APPEND_PORT_MEMBER(late.data(), 1); }));
@@ -137,7 +137,7 @@ TEST(PortList, JoinsTheLineBefore) {
 
 // ------------------------------------------------------------------------------------------------------------- bitmaps
 
-/// The list of a bitmap, without what it tells the console.
+/// The list of a bitmap, without what it prints on the console.
 std::string bitmapList(const std::vector<u8> &bitmap, int bytes, int ports) {
     testing::internal::CaptureStderr();
     const std::string list = appended([&] { EXPECT_EQ(0, APPEND_PORT_MEMBER_NUM_U8BMP(bitmap.data(), bytes, ports)); });
@@ -249,7 +249,7 @@ TEST(Membership, ComparesBytesInEightBitsAndWordsWhole) {
 // ------------------------------------------------------------------------------------------------- lists of other
 // things
 
-/// The list of `flags` written over "old"; every byte behind its NUL must have been left.
+/// The list of `flags` written over "old"; every byte after its NUL must have been left.
 std::string array2Str(const std::vector<u8> &flags, int first, int last) {
     char text[400];
     std::memset(text, '~', sizeof text);
@@ -552,7 +552,7 @@ TEST(AddressTexts, AreComparedAsTexts) {
     AddressText reused = longer;
     writeIpv4First(ipv4, ipv6, reused);
     EXPECT_STREQ("192.0.2.255", reused.text);
-    EXPECT_TRUE(reused == textOf(ipv4)) << "whatever stood behind the NUL";
+    EXPECT_TRUE(reused == textOf(ipv4)) << "whatever was after the NUL";
     EXPECT_FALSE(reused == longer);
     writeIpv4First(noIpv4, ipv6, reused);
     EXPECT_TRUE(reused == longer);
@@ -562,7 +562,7 @@ TEST(PortSets, TextAndComplement) {
     PortBitmap ports = {};
     EXPECT_STREQ("", textOf(ports).text);
     ports.set(0).set(1).set(27).set(cpuPort).set(31);
-    EXPECT_STREQ("1,2,28", textOf(ports).text) << "no port behind the last";
+    EXPECT_STREQ("1,2,28", textOf(ports).text) << "no port after the last";
     const PortBitmap rest = complementOf(ports);
     EXPECT_STREQ("3-27", textOf(rest).text);
     EXPECT_EQ(0x07, rest.bytes[3]) << "ports 25 to 27, nothing from the CPU port on";

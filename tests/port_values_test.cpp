@@ -11,7 +11,7 @@ struct Code {
     std::string deltaLine = {}; ///< where it is another one
 };
 
-/// A setting of every port. The codes stand in the order of their blocks.
+/// A setting of every port. The codes are in the order of their blocks.
 struct Setting {
     const char *name;
     const char *emitter;

@@ -76,10 +76,10 @@ ROWS(PortIsolation,
          {"all but the last", Mode::full, isolation, allUplinks(0x07, 0),
           "security port-isolation up-link-port 1-27 \nno security port-isolation up-link-port 28 \n"
           "no security port-isolation\n"},
-         {"bits behind port 28", Mode::full, isolation, uplinks({29, 30, 31, 32}),
+         {"bits after port 28", Mode::full, isolation, uplinks({29, 30, 31, 32}),
           "no security port-isolation up-link-port 1-28 \nno security port-isolation\n"},
          {"equal", Mode::delta, isolation, uplinks({1, 28}, {1, 28}), ""},
-         {"bits behind port 28 alone differ", Mode::delta, isolation, uplinks({1, 29, 30, 31, 32}, {1}), ""},
+         {"bits after port 28 alone differ", Mode::delta, isolation, uplinks({1, 29, 30, 31, 32}, {1}), ""},
          {"up-links", Mode::delta, isolation, uplinks({25, 26, 27, 28}),
           "security port-isolation up-link-port 25-28\nno security port-isolation up-link-port 1-24\n"},
          {"other up-links", Mode::delta, isolation, uplinks({1}, {1, 28}),
@@ -234,7 +234,7 @@ ROWS(PppoeOfPorts,
           "interface 1-27 \nno ip pppoe intermediate-agent trust\nexit\n"},
          {"taken away", Mode::delta, portPppoe, defaults([](ConfigImage &image) { put(image.pppoe.trusted, {1}); }),
           "interface 1-28 \nno ip pppoe intermediate-agent trust\nexit\n"},
-         {"bits behind port 28 and the switch", Mode::delta, portPppoe, current([](ConfigImage &image) {
+         {"bits after port 28 and the switch", Mode::delta, portPppoe, current([](ConfigImage &image) {
               put(image.pppoe.trusted, {29, 30, 31, 32});
               image.pppoe.enabled = 1;
           }),

@@ -229,7 +229,7 @@ ROWS(Queues,
               for (u8 &queue : current.priority.queueOf8021p) queue = 1;
           },
           ""},
-         {"byte behind the weights", Mode::delta, queues,
+         {"byte after the weights", Mode::delta, queues,
           [](ConfigImage &current, ConfigImage &) { current.priority.queues.following[0] = 1; }, noWeights},
      }));
 
@@ -542,7 +542,7 @@ ROWS(RateLimits,
 
 TEST(RateLimits, BytesThatAreRead) {
     const auto given = onlyRates([](RateLimits &) {});
-    // The four bits behind port 28 are not read.
+    // The four bits after port 28 are not read.
     for (const std::size_t bitmap : {rateLimitsAt + 228, rateLimitsAt + 232}) {
         const auto unused = withByte(given, bitmap + 3, 0xf0);
         EXPECT_EQ("", textOfStep(Mode::full, rates, unused));

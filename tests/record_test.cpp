@@ -853,7 +853,7 @@ TEST(Record, RecordsAreComparedInEveryByte) {
         EXPECT_FALSE(sameBytes(a, b)) << at;
         for (std::size_t size = 0; size <= 25; ++size) EXPECT_EQ(size <= at, sameLeadingBytes(a, b, size)) << at;
     }
-    EXPECT_FALSE(sameBytes(Text<4>{{'a', '\0', 'x', 'y'}}, Text<4>{{'a', '\0', 'z', '\0'}})) << "also behind a NUL";
+    EXPECT_FALSE(sameBytes(Text<4>{{'a', '\0', 'x', 'y'}}, Text<4>{{'a', '\0', 'z', '\0'}})) << "also after a NUL";
 }
 
 TEST(Record, BitmapsCountFromTheLeastSignificantBit) {

@@ -34,7 +34,7 @@ void callStep(Mode mode, const char *emitter);
 /// What the driver of `mode` writes for a store, from "configure" on.
 std::string renderPage(Mode mode, const std::function<void(ConfigImage &, ConfigImage &)> &given);
 
-/// What stands in `name` below tests/golden.
+/// The file `name` below tests/golden.
 std::string golden(const std::string &name);
 
 /// What is printed on standard output while `body` runs.

@@ -74,7 +74,7 @@ Result runNamed(std::vector<std::string> words) {
     return result;
 }
 
-/// Runs the program "tool" with `words` behind its name.
+/// Runs the program "tool" with `words` after its name.
 Result run(std::vector<std::string> words) {
     words.insert(words.begin(), "tool");
     return runNamed(std::move(words));
@@ -102,7 +102,7 @@ protected:
         outputFile.standsForDefault = byDefault;
     }
     void TearDown() override {
-        EXPECT_EQ(0, ConfigFile[255]) << "the byte behind the path";
+        EXPECT_EQ(0, ConfigFile[255]) << "the byte after the path";
         // Nothing holds the mutex between runs.
         ASSERT_EQ(0, pthread_mutex_trylock(&CfgFileMutex));
         pthread_mutex_unlock(&CfgFileMutex);
@@ -114,7 +114,7 @@ protected:
 
     fs::path folder;
     std::string path;
-    std::string byDefault; ///< what stands for /tmp/config
+    std::string byDefault; ///< the file in place of /tmp/config
 };
 
 /// A path of `length` characters in `folder`.
@@ -364,7 +364,7 @@ TEST_F(Run, LastVerbWins) {
 // ------------------------------------------------------------------------------------------------------------- paths
 
 TEST_F(Run, DefaultPath) {
-    // Without a path, also behind a word that is no verb; an empty path is none.
+    // Without a path, also after a word that is no verb; an empty path is none.
     for (const Calls &words : {Calls{"running_config"}, {"running_config", "bogus"}, {"running_config", "-f", ""}}) {
         outputFile.opened.clear();
         EXPECT_EQ(silentSuccess, run(words));

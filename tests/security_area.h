@@ -78,7 +78,7 @@ struct Reads {
     Places delta;
 };
 
-/// Texts that fill their fields, alike in both images, and valid entries at both ends of the tables.
+/// Texts that fill their fields, the same in both images, and valid entries at both ends of the tables.
 inline void everyTextFilled(ConfigImage &current, ConfigImage &defaults) {
     for (ConfigImage *each : {&current, &defaults}) {
         each->circuitIds.remoteId = letters(64).c_str();
@@ -227,7 +227,7 @@ inline Row ruleRow(const char *name, std::function<void(AclRule &)> set, const c
             std::string("acl 1\n") + line + "apply\nexit\n"};
 }
 
-/// A store whose 802.1X sections are alike but for what `set` sets in the current one.
+/// A store whose 802.1X sections are the same but for what `set` sets in the current one.
 inline Given dot1xChange(std::function<void(Dot1xConfig &)> set) {
     return both(
         [](ConfigImage &image) {
@@ -266,7 +266,7 @@ inline Row serverRow(const char *name, std::uint32_t board, std::initializer_lis
     return {name, Mode::full, dhcp, onBoard(board, servers(ports)), std::string(dhcpHead) + lines + dhcpTail};
 }
 
-/// A store of four server addresses, alike in both images but for what `set` sets.
+/// A store of four server addresses, the same in both images but for what `set` sets.
 inline Given serverChange(std::function<void(DhcpSnooping &)> set, std::function<void(DhcpSnooping &)> setDefault) {
     return both(
         [](ConfigImage &image) {
@@ -279,7 +279,7 @@ inline Given serverChange(std::function<void(DhcpSnooping &)> set, std::function
 }
 inline void asItIs(DhcpSnooping &) {}
 
-/// A store whose sections are not alike in anything that the switch's lines are made of.
+/// A store whose sections are different in everything that the switch's lines are made of.
 inline void dhcpOfBoth(ConfigImage &image) {
     image.dhcpSnooping.enabled = 1;
     image.dhcpSnooping.initiated = 65535;
@@ -296,14 +296,14 @@ inline void dhcpOfBoth(ConfigImage &image) {
 }
 inline Given dhcpChange(Set set) { return both(dhcpOfBoth, std::move(set)); }
 
-/// What a zero store writes in full mode before and behind the circuit ids.
+/// What a zero store writes in full mode before and after the circuit ids.
 constexpr const char *portsHead = "interface 1-28\nno ip dhcp snooping option\nexit\n"
                                   "interface 1-28\nno ip dhcp snooping circuit\nexit\n"
                                   "interface 1-28\nno ip dhcp snooping circuit formatted\nexit\n";
 constexpr const char *portsTail = "interface 1-28\nno ip dhcp snooping trust\nexit\n";
 
 /// A row for the circuit ids alone in both modes: `line` is what they write in delta mode, without the blank that full
-/// mode has behind each id.
+/// mode has after each id.
 struct CircuitRow {
     const char *name;
     Given given;
@@ -319,7 +319,7 @@ inline void sharedIds(ConfigImage &image) {
     image.circuitIds.text[3 - 1] = "south";
 }
 
-/// A description that fills its field, and what lies behind it up to a NUL.
+/// A description that fills its field, and what lies after it up to a NUL.
 inline void writeLongDescription(ConfigImage &image, int port) {
     unsigned char *const description = reinterpret_cast<unsigned char *>(&image) + 4800 + 76 * (port - 1);
     std::memcpy(description, "0123456789012345678901234567890123456789", 40);
@@ -340,7 +340,7 @@ const std::vector<CircuitRow> circuitRows = {
      "abcdefghijklmnopqrstuvwxyzabcdefghijklmnopqrstuvwxyzabcdefghijkl \nexit\n",
      "interface 28\nip dhcp snooping circuit id "
      "abcdefghijklmnopqrstuvwxyzabcdefghijklmnopqrstuvwxyzabcdefghijkl\nexit\n"},
-    {"a difference behind the end of an id",
+    {"a difference after the end of an id",
      current([](ConfigImage &image) { image.circuitIds.text[0].characters[1] = 'x'; }), "", ""},
     {"joined ports are marked by empty descriptions, which are their defaults", current(sharedIds),
      "interface 2,5,28\nip dhcp snooping circuit id north \nexit\n"
@@ -466,7 +466,7 @@ inline Given limitOnly(std::function<void(MacLimit &)> set) {
 constexpr const char *limitedNowhere = "interface 1-28 \nno security mac-limit\nexit\n";
 constexpr const char *withoutMaximum = "interface 1-28 \nno security mac-limit maximum \nexit\n";
 
-/// The text of the blocks for two sections, which the driver never hands over.
+/// The text of the blocks for two sections, which the driver never passes.
 inline std::string limitsOf(const Given &given) {
     resetAll();
     given(*gSysConfig, *gDefConfig);

@@ -72,7 +72,7 @@ ROWS(Archive,
           "archive auto-backup path ftp 198.51.100.1 switch.cfg backup safe\n"},
          {"server flag", Mode::delta, archive, backupChanged([](BackupConfig &it) { it.serverIsIpv6 = 1; }),
           "archive auto-backup path ftp 2001:db8::15 switch.cfg backup safe\n"},
-         {"IPv6 server behind the flag", Mode::delta, archive,
+         {"IPv6 server after the flag", Mode::delta, archive,
           backupChanged([](BackupConfig &it) { it.serverIpv6 = {}; }), ""},
          {"IPv4 server behind the flag", Mode::delta, archive,
           [](auto &current, auto &defaults) {
@@ -98,7 +98,7 @@ ROWS(Archive,
           "archive auto-backup path ftp 198.51.100.21 switch.cfg backup\n"},
          {"password of TFTP", Mode::delta, archive, [](auto &current, auto &) { current.backup.password = "p"; },
           "archive auto-backup path tftp 0.0.0.0 \n"},
-         {"behind the end of the texts", Mode::delta, archive, backupChanged([](BackupConfig &it) {
+         {"after the end of the texts", Mode::delta, archive, backupChanged([](BackupConfig &it) {
               it.path.characters[55] = 'x';
               it.user.characters[23] = 'x';
               it.password.characters[23] = 'x';
@@ -334,7 +334,7 @@ ROWS(Ntp,
          {"offset without dash", Mode::delta, ntp, timeChanged([](TimeConfig &it) { it.offset = "abc"; }),
           "ntp offset \n"},
          {"offset cleared", Mode::delta, ntp, timeChanged([](TimeConfig &it) { it.offset = ""; }), ""},
-         {"behind the end of the offset", Mode::delta, ntp,
+         {"after the end of the offset", Mode::delta, ntp,
           timeChanged([](TimeConfig &it) { it.offset.characters[31] = 'x'; }), ""},
          {"last character of the offset", Mode::delta, ntp,
           [](auto &current, auto &defaults) {
@@ -360,7 +360,7 @@ ROWS(Ntp,
               it.server2Ipv6 = someIpv6;
           }),
           "ntp server2 2001:db8::15\n"},
-         {"IPv6 behind IPv4", Mode::delta, ntp,
+         {"IPv6 after IPv4", Mode::delta, ntp,
           timeChanged([](TimeConfig &it) { it.server1Ipv6 = it.server2Ipv6 = someIpv6; }), ""},
          {"interval", Mode::delta, ntp, timeChanged([](TimeConfig &it) { it.syncInterval = -1; }),
           "ntp syn-interval -1\n"},
@@ -530,7 +530,7 @@ ROWS(Identity,
           "switch-info system-name x\n"},
          {"system name cleared", Mode::delta, company, companyChanged([](CompanyInfo &it) { it.systemName = ""; }),
           "no switch-info system-name\n"},
-         {"behind the end of the texts", Mode::delta, company, companyChanged([](CompanyInfo &it) {
+         {"after the end of the texts", Mode::delta, company, companyChanged([](CompanyInfo &it) {
               it.companyName.characters[119] = it.systemContact.characters[55] = it.systemName.characters[55] = 'x';
               it.systemLocation.characters[55] = it.hostName.characters[31] = it.dhcpVendorId.characters[595] = 'x';
           }),

@@ -18,7 +18,7 @@ protected:
     void TearDown() override { clearText(); }
 };
 
-/// What `body` appends to an empty text; `LineBuffer` must be empty behind it.
+/// What `body` appends to an empty text; `LineBuffer` must be empty after it.
 template <class Body> std::string appended(Body body) {
     clearText();
     std::strcpy(LineBuffer, "left over");
@@ -271,7 +271,7 @@ TEST_F(TextBuffer, Texts) {
 }
 
 TEST_F(TextBuffer, TextsAreNeverRead) {
-    // Percent signs, control characters and bytes from 0x80 on stand as they are.
+    // Percent signs, control characters and bytes from 0x80 on are written as they are.
     const char *const odd = "%s%d%n%% \x01\t\r\n\x1b\x7f\x80\xff";
     EXPECT_EQ(std::string("<") + odd + ">", appended([&] { append("<%s>", odd); }));
     Text<16> field = {};
@@ -368,7 +368,7 @@ TEST_F(TextBuffer, LineHoldsOneCharacterLessThanItsSize) {
     tooLong([] { append("%s%u", longText(16374), UINT32_MAX); });
     tooLong([] { append("%s%X", longText(16383), 10U); });
     tooLong([] { append("%s%02d", longText(16382), -1); });
-    // What comes behind the part that did not fit does not save the line.
+    // What comes after the part that did not fit does not save the line.
     tooLong([] { append("%s%s%s", longText(16383), "ab", ""); });
     tooLong([] { append("%s%sab", longText(16000), longText(16000)); });
 }

@@ -152,7 +152,7 @@ ROWS(TimeRanges,
           inDelta("absolute end 9 01 dec 2\n")},
          {"end cleared", Mode::delta, timeRanges, rangeChanged([](TimeRange &it) { it.absoluteEnd = ""; }),
           inDelta("")},
-         {"behind the end of the texts", Mode::delta, timeRanges, rangeChanged([](TimeRange &it) {
+         {"after the end of the texts", Mode::delta, timeRanges, rangeChanged([](TimeRange &it) {
               it.absoluteStart.characters[31] = it.absoluteEnd.characters[31] = 'x';
               for (int k = 0; k < 2; ++k) {
                   it.periodic[k].start.characters[15] = it.periodic[k].end.characters[15] = 'x';

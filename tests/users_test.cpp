@@ -55,7 +55,7 @@ auto onlyUser(std::function<void(User &)> change) {
     };
 }
 
-/// What stands between the names and "exit" for an account of the given values.
+/// What is between the names and "exit" for an account of the given values.
 std::string inFull(const std::string &body) { return "user name admin\n" + body + "exit\n"; }
 
 AuthenticationClient someClient() {
@@ -263,7 +263,7 @@ ROWS(Users,
               current.users[0].name.characters[23] = '!';
           },
           "no user name " + letters(24) + "\nuser name " + letters(23) + "!\nexit\n"},
-         {"what stands behind the end of a name", Mode::delta, users,
+         {"what is after the end of a name", Mode::delta, users,
           userChanged([](User &user) { user.name.characters[6] = 'x'; }), "user name admin\nexit\n"},
          {"in use by another value", Mode::delta, users, userChanged([](User &user) { user.inUse = 2; }),
           "user name admin\nexit\n"},
@@ -276,7 +276,7 @@ ROWS(Users,
               current.users[0].password.characters[23] = '!';
           },
           inFull("password " + letters(23) + "!\n")},
-         {"behind the end of the password", Mode::delta, users,
+         {"after the end of the password", Mode::delta, users,
           userChanged([](User &user) { user.password.characters[23] = 'x'; }), inFull("")},
          {"password cleared", Mode::delta, users, userChanged([](User &user) { user.password = ""; }), inFull("")},
          {"MD5 form does not count for passwords in clear", Mode::delta, users,
@@ -328,7 +328,7 @@ ROWS(Users,
           inFull("active\n")},
          {"reserved bytes within open the block", Mode::delta, users,
           userChanged([](User &user) { user.reserved2.bytes[1] = 1; }), inFull("")},
-         {"reserved bytes behind do not", Mode::delta, users,
+         {"reserved bytes after do not", Mode::delta, users,
           userChanged([](User &user) { user.reserved125.bytes[0] = 1; }), ""},
          {"levels", Mode::delta, users,
           [](auto &current, auto &defaults) {
@@ -442,7 +442,7 @@ ROWS(Radius,
           "user radius secret new\n"},
          {"secret cleared", Mode::delta, radius,
           radiusChanged([](AuthenticationClient &client) { client.secret = ""; }), "user radius secret \n"},
-         {"behind the end of the secret", Mode::delta, radius,
+         {"after the end of the secret", Mode::delta, radius,
           radiusChanged([](AuthenticationClient &client) { client.secret.characters[31] = 'x'; }), ""},
          {"last character of the secret", Mode::delta, radius,
           [](auto &current, auto &defaults) {
@@ -524,7 +524,7 @@ ROWS(Tacacs,
           "user tacacs secret new\n"},
          {"secret cleared", Mode::delta, tacacs,
           tacacsChanged([](AuthenticationClient &client) { client.secret = ""; }), "user tacacs secret \n"},
-         {"behind the end of the secret", Mode::delta, tacacs,
+         {"after the end of the secret", Mode::delta, tacacs,
           tacacsChanged([](AuthenticationClient &client) { client.secret.characters[31] = 'x'; }), ""},
          {"last character of the secret", Mode::delta, tacacs,
           [](auto &current, auto &defaults) {
@@ -609,7 +609,7 @@ TEST(Users, PasswordWithoutTerminatorIsTerminatedForThePlatform) {
     platform.passwordMethod = 1;
     gSysConfig->users[0].inUse = 1;
     gSysConfig->users[0].password = letters(24).c_str();
-    gSysConfig->users[0].description = "behind";
+    gSysConfig->users[0].description = "hidden";
     callStep(Mode::full, users);
     EXPECT_EQ((std::vector<std::string>{"method -1", "md5 -1 " + letters(24)}), platform.calls);
 }

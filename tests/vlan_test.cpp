@@ -47,7 +47,7 @@ ROWS(VlanIsolation,
           "vlan isolation up-link-port 1-27 \n"
           "no vlan isolation up-link-port 28 \n"
           "vlan isolation\n"},
-         {"bits behind the last port", Mode::full, isolation, isolated({}, isolationOf(0, ports({29, 30, 32}))),
+         {"bits after the last port", Mode::full, isolation, isolated({}, isolationOf(0, ports({29, 30, 32}))),
           "no vlan isolation up-link-port 1-28 \n"
           "no vlan isolation\n"},
          {"the longest lists", Mode::full, isolation,
@@ -76,7 +76,7 @@ ROWS(VlanIsolation,
           "vlan isolation up-link-port 28\n"
           "no vlan isolation up-link-port 1-27\n"
           "no vlan isolation\n"},
-         {"bits behind the last port", Mode::delta, isolation,
+         {"bits after the last port", Mode::delta, isolation,
           isolated(isolationOf(0, ports({1})), isolationOf(0, ports({1, 29, 30, 31, 32}))), ""},
      }));
 
@@ -160,7 +160,7 @@ ROWS(PortVlans,
           "vlan port-based abcdefghijklmnoq\n"},
          {"full names with other members", Mode::delta, portVlans,
           portVlanFrom(portVlan("abcdefghijklmnop"), fullName("abcdefghijklmnop")), ""},
-         {"bytes behind a name", Mode::delta, portVlans,
+         {"bytes after a name", Mode::delta, portVlans,
           both([](ConfigImage &image) { image.portVlans[0] = portVlan("alpha"); },
                   [](ConfigImage &image) { image.portVlans[0].name.characters[6] = 'x'; }),
           ""},
@@ -422,7 +422,7 @@ ROWS(VlanPorts,
           vlanFrom(tagVlan(7, ports({4})), tagVlan(7, ports({4, 28})), lastVlan),
           "interface 4 \nno vlan dot1q-vlan trunk-vlan 7\nexit\n"
           "interface 4,28 \nvlan dot1q-vlan trunk-vlan 7\nexit\n"},
-         {"the CPU port and the bits behind", Mode::delta, vlanPorts,
+         {"the CPU port and the bits after", Mode::delta, vlanPorts,
           vlanFrom(tagVlan(7, ports({4})), tagVlan(7, ports({4, 29, 30, 31, 32}))), ""},
          {"a name changed", Mode::delta, vlanPorts,
           vlanFrom(tagVlan(7, ports({4}), "alpha"), tagVlan(7, ports({4}), "beta")), ""},
@@ -502,7 +502,7 @@ ROWS(VlanNames, ({
                      "vlan dot1q-vlan 3\nname members\nexit\n"
                      "vlan dot1q-vlan 5\nname used\nexit\n"
                      "vlan dot1q-vlan 8\nname last\nexit\n"},
-                    {"a byte behind the name", Mode::delta, vlanNames,
+                    {"a byte after the name", Mode::delta, vlanNames,
                      both([](ConfigImage &image) { image.tagVlans[0] = tagVlan(1, {}, "default"); },
                           [](ConfigImage &image) { image.tagVlans[0].name.characters[45] = 'x'; }),
                      "vlan dot1q-vlan 1\nname default\nexit\n"},

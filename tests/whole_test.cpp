@@ -1,4 +1,4 @@
-/// The drivers over whole records: what the modes have in common, and that any record renders alike on every host.
+/// The drivers over whole records: what the modes have in common, and that any record renders the same on every host.
 #include "random_stores.h"
 #include "stores.h"
 

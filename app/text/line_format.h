@@ -103,7 +103,7 @@ enum class Conversion : u8 {
 /// How many characters of a literal each conversion is.
 inline constexpr u8 conversionLength[] = {0, 2, 3, 4, 2, 2, 4, 4, 2, 2, 2};
 
-/// A stretch of a literal: so many characters as they stand, then a conversion.
+/// A part of a literal: so many characters that are copied, then a conversion.
 struct Stretch {
     u8 characters;
     Conversion conversion;

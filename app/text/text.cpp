@@ -31,13 +31,13 @@ bool endIsKnown() {
            (textEnd == Temp_Configuration || (textEnd[-1] != '\0' && Temp_Configuration[0] != '\0'));
 }
 
-/// Puts the bytes after the text, if they fit. Inline, as every line comes through here.
+/// Appends the bytes to the text, if they fit. Inline, as every line comes through here.
 [[gnu::always_inline]] inline void join(const char *bytes, std::size_t length) {
     if (overflowed) return;
     if (rescans || !endIsKnown()) textEnd = Temp_Configuration + strnlen(Temp_Configuration, textBufferSize);
-    // One byte is kept for the NUL; a text that came to lack it has no room at all.
-    const std::ptrdiff_t room = Temp_Configuration + textBufferSize - 1 - textEnd;
-    if (static_cast<std::ptrdiff_t>(length) > room) {
+    // One byte is kept for the NUL; a text that lacks it takes nothing more.
+    const std::ptrdiff_t left = Temp_Configuration + textBufferSize - 1 - textEnd;
+    if (static_cast<std::ptrdiff_t>(length) > left) {
         overflowed = true;
         return;
     }

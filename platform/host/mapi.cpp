@@ -51,7 +51,7 @@ void reportBuiltInStore() {
     std::fprintf(stderr, "%s: TEXTCFG_STORE is %s: this is the built-in example\n", Shown(programName()).text(), what);
 }
 
-/// The open transaction `handle`, or null after having told that there is none.
+/// The open transaction `handle`, or null after reporting that there is none.
 Transaction *find(const char *operation, std::int32_t handle) {
     if (handle > 0)
         for (Transaction &transaction : transactions)
@@ -70,7 +70,7 @@ const Transaction *anyOpen() {
     return nullptr;
 }
 
-/// The settings as they stand now. False, having told why, if they cannot be had.
+/// The settings as they are now. False, after reporting why, if they cannot be read.
 bool currentConf(const char *operation, PlatformConf &conf) {
     const char *const folder = storeFolder();
     if (folder == nullptr) {

@@ -13,7 +13,7 @@ std::size_t printable(const char *bytes, std::size_t length) {
     if (byte(0) < 0xc2 || byte(0) > 0xf4 || size > length) return 0;
     for (std::size_t i = 1; i < size; ++i)
         if ((byte(i) & 0xc0) != 0x80) return 0;
-    // The second byte also tells control characters, overlong forms, surrogates and what is beyond Unicode.
+    // The second byte also shows control characters, overlong forms, surrogates and what is beyond Unicode.
     switch (byte(0)) {
     case 0xc2:
     case 0xe0: return byte(1) >= 0xa0 ? size : 0;

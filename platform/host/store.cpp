@@ -39,7 +39,7 @@ public:
     /// Whether the folder is there and has no such file.
     bool absent() const { return fileError_ == ENOENT && !danglingLink_; }
 
-    /// Whether this is a regular file that was opened. Fills `size`; tells on standard error what it is otherwise,
+    /// Whether this is a regular file that was opened. Fills `size`; reports on standard error what it is otherwise,
     /// `expected` being what it should be.
     bool isRegular(const char *expected, off_t &size) const {
         if (folderError_ != 0) {
@@ -57,7 +57,7 @@ public:
         return true;
     }
 
-    /// Reads exactly `size` bytes to `bytes`. Tells on standard error if it cannot.
+    /// Reads exactly `size` bytes to `bytes`. Reports on standard error if it cannot.
     bool read(void *bytes, std::size_t size, const char *expected) const {
         unsigned char *const to = static_cast<unsigned char *>(bytes);
         std::size_t count = 0;
@@ -126,7 +126,7 @@ struct Span {
     std::size_t length;
 
     bool is(const char *text) const { return length == std::strlen(text) && std::memcmp(start, text, length) == 0; }
-    /// Takes `text` away from the front, if it stands there.
+    /// Takes `text` away from the front, if it is there.
     bool skip(const char *text) {
         const std::size_t size = std::strlen(text);
         if (length < size || std::memcmp(start, text, size) != 0) return false;
@@ -140,7 +140,7 @@ struct Span {
             --length;
         }
     }
-    /// Takes the name of a setting and the sign behind it away from the front, if they stand there, so that the value
+    /// Takes the name of a setting and the sign after it away from the front, if they are there, so that the value
     /// is left. Blanks around the sign do not count.
     bool skipSetting(const char *name) {
         Span rest = *this;
@@ -189,7 +189,7 @@ const char *parseLine(Span line, PlatformConf &conf) {
     return "active_bank=N or password_encryption=none or password_encryption=md5";
 }
 
-/// Tells of a line that is not understood.
+/// Reports a line that is not understood.
 void complainOfLine(const char *folder, const char *bytes, const ConfProblem &problem) {
     constexpr std::size_t most = 60;
     std::fprintf(stderr, "%s: TEXTCFG_STORE=%s: %s, line %zu: found \"%s\"; expected %s\n", Shown(programName()).text(),

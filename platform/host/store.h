@@ -1,4 +1,4 @@
-/// A store: a folder of files that stands for what a switch keeps.
+/// A store: a folder of files in place of what a switch keeps.
 ///
 /// `running.img`, `default.img`, `startup.img` and `customer_default.img` are configuration images, `board.img` is the
 /// board information record, and `platform.conf`, which may be absent, holds lines of settings.

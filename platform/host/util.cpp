@@ -1,6 +1,6 @@
 /// The platform's utility operations on a workstation.
 ///
-/// Each writes exactly the text that it makes and its NUL: what stood behind that in the destination stays, because
+/// Each writes exactly the text that it makes and its NUL: what was after that in the destination stays, because
 /// texts are compared as whole buffers later.
 #include "platform/util.h"
 

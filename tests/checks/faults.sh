@@ -209,7 +209,7 @@ size=$(stat -c %s good_running_config)
 ((size > 2048)) || give_up "the text is too short"
 for blocks in 0 1 $((size / 1024)) $((size / 1024 + 1)); do
     for older in '' 'an older text'; do
-        case="disk full behind $blocks KiB${older:+, over an older text}"
+        case="disk full after $blocks KiB${older:+, over an older text}"
         [[ -z $older ]] || {
             echo "$older" >out/text
             chmod 666 out/text
@@ -225,7 +225,7 @@ for blocks in 0 1 $((size / 1024)) $((size / 1024 + 1)); do
         if ((blocks * 1024 < size)); then
             [[ ! -s out/text ]] || found "$case: $(stat -c %s out/text) bytes stayed"
         else
-            cmp -s out/text good_running_config || found "$case: another text, though there is room"
+            cmp -s out/text good_running_config || found "$case: another text, though there is enough space"
         fi
         rm -f out/text
     done

@@ -1,5 +1,5 @@
 #!/bin/bash
-# The program links with a firmware's own library, written in C, and renders what that library tells.
+# The program links with a firmware's own library, written in C, and renders what that library returns.
 #
 #     firmware_stub.sh SCRATCH_TREE C_COMPILER CXX_COMPILER SWITCH_TREE      SWITCH_TREE is what switch.sh left
 . "$(dirname -- "${BASH_SOURCE[0]}")/common.sh"
@@ -8,7 +8,7 @@ scratch=$1 cc=$2 cxx=$3 switch=$4
 mkdir -p "$scratch" && cd "$scratch" || exit 1
 warnings=(-Wall -Wextra -Wpedantic -Werror)
 
-# Each header of the boundary stands alone, in both languages.
+# Each header of the boundary compiles alone, in both languages.
 for header in mapi util; do
     echo "#include \"platform/$header.h\"" >"$header.c"
     "$cc" -std=c11 "${warnings[@]}" -I"$root" -fsyntax-only "$header.c" || found "$header.h is not C"
@@ -16,7 +16,7 @@ for header in mapi util; do
 done
 
 tool=$switch/tool
-# Nothing of the workstation's stand-in is in the tool, nor built beside it.
+# Nothing of the workstation's stand-in is in the tool, nor built with it.
 ! grep -qaF TEXTCFG_STORE "$tool/textcfg" || found "the tool holds the workstation's stand-in"
 [[ ! -e $tool/platform/host ]] || found "the workstation's stand-in was built"
 

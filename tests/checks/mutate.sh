@@ -1,5 +1,5 @@
 #!/bin/bash
-# script/mutate notices what the tests notice and tells the rest: tried on a tree of a few lines, whose tests
+# script/mutate notices what the tests notice and reports the rest: tried on a tree of a few lines, whose tests
 # have gaps, below a folder with a blank in its name.
 . "$(dirname -- "${BASH_SOURCE[0]}")/common.sh"
 command -v python3 >/dev/null || give_up "there is no python3"

@@ -1,5 +1,5 @@
 #!/bin/bash
-# The tests run in unusual surroundings, leave nothing behind, and touch no /tmp/config: under a umask that gives others
+# The tests run in unusual surroundings, leave no files, and touch no /tmp/config: under a umask that gives others
 # nothing, with a TMPDIR that others cannot reach, and with a /tmp from which no program runs.
 #
 #     surroundings.sh PROGRAM UNIT_TESTS…

@@ -1,6 +1,6 @@
 #!/bin/bash
 # Nothing in the files that only made sense where they were written: no home folders, no blanks at the end of a line,
-# no tabs in the code.
+# no tabs in the code. No words that people do not say: "after" and "the same" are plain, and a thing "is" somewhere.
 . "$(dirname -- "${BASH_SOURCE[0]}")/common.sh"
 cd "$root" || exit 1
 
@@ -14,6 +14,10 @@ no_line() {
 
 files_like '*'
 no_line "home folder" '/hom[e]/|/roo[t]/'
+
+files_like 'README.md' 'app/*' 'bench/*' 'cmake/*' 'docs/*' 'format/*' 'platform/*' 'sections/*' \
+    'script/*' 'tests/*.cpp' 'tests/*.h' 'tests/*.c' 'tests/*.sh' '*CMakeLists.txt'
+no_line "word" '\b(behin[d]|alik[e])\b|\bstand[s]\b(?!-| for\b)'
 
 files_like '*.h' '*.cpp' '*.c' '*.sh' '*.cmake' '*CMakeLists.txt' 'script/*' '.ci/*' '.clang-*'
 no_line "trailing blank" '[ \t]+$'

@@ -48,7 +48,7 @@ static void render(const char *driver, int32_t selector, const char *path) {
 static void overflow(void) {
     size_t length;
     load(MAPI_CONFIG_RUNNING);
-    /* With no transaction left a driver goes on behind the text. */
+    /* With no transaction left a driver goes on after the text. */
     while (mapi_start_transc() != MAPI_NO_TRANSACTION) continue;
     textcfg_clear();
     do {

@@ -127,7 +127,7 @@ char *utilIPv6Addr2Str(char *text, const void *address) {
     struct in6_addr octets; /* aligned, as an address in a record need not be */
     memcpy(&octets, address, sizeof octets);
     inet_ntop(AF_INET6, &octets, written, sizeof written);
-    return strcpy(text, written); /* writes nothing behind the NUL, which inet_ntop may */
+    return strcpy(text, written); /* writes nothing after the NUL, which inet_ntop may */
 }
 
 int utilIpv6AddrIsZero(const void *address) {

@@ -23,7 +23,7 @@ enum Outcome { written, notOpened, diskFull, closeFails, outcomes };
 enum Flag { tooLong = 1, noName = 2 };
 
 enum Refusal { badArgument, invalidOption, noPath, pathTooLong, textTooLong, refusals };
-constexpr const char *refusalNames[] = {"bad argument", "invalid option", "no path behind the option",
+constexpr const char *refusalNames[] = {"bad argument", "invalid option", "no path after the option",
                                         "path that is too long", "text that is too long"};
 
 constexpr std::string_view usage = "\nUsage: \n"

@@ -225,7 +225,7 @@ void patch(Input &input) {
     }
 }
 
-/// The text as it stands. Demands what holds of every text.
+/// The text as it is. Demands what holds of every text.
 std::string_view text() {
     const std::size_t length = strnlen(Temp_Configuration, textBufferSize);
     DEMAND(length < textBufferSize);

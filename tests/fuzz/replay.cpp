@@ -18,7 +18,7 @@ int main(int argc, char **argv) {
     for (const std::filesystem::path &path : paths) {
         std::ifstream file(path, std::ios::binary);
         const std::vector<char> bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-        // A copy of exactly its size, so that a read behind it is noticed.
+        // A copy of exactly its size, so that a read beyond it is noticed.
         std::vector<std::uint8_t> data(bytes.begin(), bytes.end());
         std::fprintf(stderr, "%s\n", path.filename().c_str());
         LLVMFuzzerTestOneInput(data.data(), data.size());

@@ -1,5 +1,5 @@
 /// Writes the inputs that fuzzing starts from: `fuzz_seeds FOLDER`, the folder being `tests/fuzz/corpus`. What else
-/// stands there was found by fuzzing.
+/// is there was found by fuzzing.
 #include "render_input.h"
 
 #include "platform/board.h"

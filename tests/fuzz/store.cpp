@@ -209,7 +209,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const State state = static_cast<State>(input.byte() % states);
     const std::size_t by = std::size_t{1} << input.byte() % 20;
 
-    // A copy of exactly its size, so that a read behind it is noticed.
+    // A copy of exactly its size, so that a read beyond it is noticed.
     const std::string conf(reinterpret_cast<const char *>(input.rest()), input.left());
     char *const exact = static_cast<char *>(std::malloc(conf.size()));
     if (!conf.empty()) std::memcpy(exact, conf.data(), conf.size());

@@ -1,16 +1,16 @@
 #!/bin/bash
-# Each room of the house includes what it may and nothing else.
+# Each folder includes what it may and nothing else.
 . "$(dirname -- "${BASH_SOURCE[0]}")/common.sh"
 cd "$root" || exit 1
 
-# may ROOM HEADER…: the files of the room include only headers like these.
+# may FOLDER HEADER…: the files of the folder include only headers like these.
 may() {
-    local room=$1 file header allowed pattern
+    local folder=$1 file header allowed pattern
     shift
-    files_like "$room*.h" "$room*.cpp" "$room*.c"
+    files_like "$folder*.h" "$folder*.cpp" "$folder*.c"
     for file in "${files[@]}"; do
         # A pattern's star stands for folders too.
-        [[ ${file%/*}/ == "$room" ]] || continue
+        [[ ${file%/*}/ == "$folder" ]] || continue
         while IFS= read -r header; do
             allowed=
             for pattern; do
@@ -32,7 +32,7 @@ may sections/ "${platform[@]}" 'sections/*' 'format/*' 'app/text/*'
 may inspect/ "${platform[@]}" 'platform/host/*' 'app/*' 'sections/*' 'format/*' 'inspect/*'
 may app/ "${platform[@]}" 'sections/*' 'format/*' 'app/*'
 
-# Only the stand-in knows of stores.
+# Only the workstation stand-in knows of stores.
 files_like 'app/*' 'format/*' 'sections/*' 'platform/*.h' 'platform/*.cpp'
 for file in "${files[@]}"; do
     [[ $file == platform/host/* ]] || ! grep -qF TEXTCFG_STORE "$file" || found "$file knows of stores"
