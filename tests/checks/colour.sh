@@ -20,7 +20,7 @@ for words in 'check builtin:running' 'diff builtin:default builtin:running'; do
         on_terminal "$inspect" $words >coloured
         NO_COLOR=1 on_terminal "$inspect" $words >no_color
         NO_COLOR='' on_terminal "$inspect" $words >empty
-        TERM=dumb on_terminal "$inspect" $words >dumb
+        TERM=dumb on_terminal "$inspect" $words >without
     }
     [[ -s plain ]] || found "$words: printed nothing"
     ! grep -qF "$escape" plain || found "$words: colours in a file"
@@ -28,7 +28,7 @@ for words in 'check builtin:running' 'diff builtin:default builtin:running'; do
     cmp -s coloured empty || found "$words: an empty NO_COLOR counts"
     sed 's/\x1b\[[0-9]*m//g' coloured | cmp -s - plain || found "$words: more than colours is different on a terminal"
     cmp -s no_color plain || found "$words: NO_COLOR does not count"
-    cmp -s dumb plain || found "$words: colours on a terminal that has none"
+    cmp -s without plain || found "$words: colours on a terminal that has none"
 done
 # Text is never coloured: it is the switch's.
 "$inspect" text builtin:running >plain
