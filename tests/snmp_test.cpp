@@ -326,14 +326,14 @@ ROWS(SnmpAgent,
           }),
           "snmp-server community public\nno active\ndescription d\nlevel admin\nexit\n"},
 
-         {"behind the last community", Mode::full, agent,
+         {"after the last community", Mode::full, agent,
           [](auto &current, auto &defaults) {
               const Community beyond = someCommunity("beyond");
               std::memcpy(current.reserved127472.bytes, &beyond, sizeof beyond);
               std::memcpy(defaults.reserved127472.bytes, &beyond, sizeof beyond);
           },
           ""},
-         {"behind the last community", Mode::delta, agent,
+         {"after the last community", Mode::delta, agent,
           [](auto &current, auto &defaults) {
               const Community beyond = someCommunity("beyond");
               const Community before = someCommunity("before");
@@ -438,9 +438,9 @@ ROWS(SnmpAgent,
          {"last byte of a destination", Mode::delta, destinations,
           destinationChanged([](TrapDestination &it) { it.reserved46.bytes[5] = 1; }),
           "snmp-server trap-destination 3\nexit\n"},
-         {"behind the last destination", Mode::full, destinations, [](auto &current, auto &) { current.traps.coldStart = 1; },
+         {"after the last destination", Mode::full, destinations, [](auto &current, auto &) { current.traps.coldStart = 1; },
           ""},
-         {"behind the last destination", Mode::delta, destinations, [](auto &current, auto &) { current.traps.coldStart = 1; },
+         {"after the last destination", Mode::delta, destinations, [](auto &current, auto &) { current.traps.coldStart = 1; },
           ""},
          {"order in a destination", Mode::delta, destinations, destinationChanged([](TrapDestination &it) {
               it.active = 0;

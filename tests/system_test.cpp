@@ -74,7 +74,7 @@ ROWS(Archive,
           "archive auto-backup path ftp 2001:db8::15 switch.cfg backup safe\n"},
          {"IPv6 server after the flag", Mode::delta, archive,
           backupChanged([](BackupConfig &it) { it.serverIpv6 = {}; }), ""},
-         {"IPv4 server behind the flag", Mode::delta, archive,
+         {"IPv4 server after the flag", Mode::delta, archive,
           [](auto &current, auto &defaults) {
               current.backup = defaults.backup = someBackup();
               current.backup.serverIsIpv6 = 1;
@@ -258,7 +258,7 @@ ROWS(Ntp,
          {"offset with dashes in a row", Mode::full, ntp, onlyOffset("abc--"), ntpTextWith("ntp offset a\n")},
          {"full offset", Mode::full, ntp, onlyOffset(letters(15) + "-" + letters(16)),
           ntpTextWith("ntp offset " + letters(13) + "-" + letters(14) + "\n")},
-         {"full offset without dash, one behind it", Mode::full, ntp,
+         {"full offset without dash, one after it", Mode::full, ntp,
           [](auto &current, auto &) {
               current.time.offset = letters(32).c_str();
               current.time.server1Ipv6.octets[0] = '-';
@@ -267,7 +267,7 @@ ROWS(Ntp,
           "ntp time-zone 0\n"},
          {"dash in the last place", Mode::full, ntp, onlyOffset(letters(31) + "-"),
           ntpTextWith("ntp offset " + letters(29) + "\n")},
-         {"dash behind the end of the offset", Mode::full, ntp,
+         {"dash after the end of the offset", Mode::full, ntp,
           [](auto &current, auto &) {
               current.time.offset = "abcd";
               current.time.offset.characters[6] = '-';
@@ -637,7 +637,7 @@ ROWS(Syslog,
               it.serverIpv6[2] = someIpv6;
           }),
           "syslog server3 2001:db8::15\n"},
-         {"IPv6 behind IPv4", Mode::delta, syslog, logChanged([](LogConfig &it) {
+         {"IPv6 after IPv4", Mode::delta, syslog, logChanged([](LogConfig &it) {
               for (Ipv6 &server : it.serverIpv6) server = someIpv6;
           }),
           ""},

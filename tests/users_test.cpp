@@ -371,14 +371,14 @@ ROWS(Users,
           }),
           inFull("password p\nlevel ro\nno active\ndescription d\n")},
 
-         {"behind the last place", Mode::full, users,
+         {"after the last place", Mode::full, users,
           [](auto &current, auto &defaults) {
               const User beyond = someUser("beyond");
               std::memcpy(current.reserved3244.bytes, &beyond, sizeof beyond);
               std::memcpy(defaults.reserved3244.bytes, &beyond, sizeof beyond);
           },
           ""},
-         {"behind the last place", Mode::delta, users,
+         {"after the last place", Mode::delta, users,
           [](auto &current, auto &defaults) {
               const User beyond = someUser("beyond");
               const User before = someUser("before");
@@ -470,7 +470,7 @@ ROWS(Radius,
          {"server 2 IPv6", Mode::delta, radius,
           radiusChanged([](AuthenticationClient &client) { client.serverIpv6[1] = someIpv6; }),
           "user radius server2 2001:db8::12\n"},
-         {"an IPv4 server behind an IPv6 one", Mode::delta, radius,
+         {"an IPv4 server after an IPv6 one", Mode::delta, radius,
           [](auto &current, auto &defaults) {
               current.radius.serverIpv6[0] = defaults.radius.serverIpv6[0] = someIpv6;
               current.radius.server[0] = {{1, 2, 3, 4}};

@@ -42,12 +42,12 @@ run 0 tree/.ci/run
 after ' minutes ' '^bootstrap test$'
 after ' GiB of disk' '^bootstrap test$'
 after 'touches no other file' '^bootstrap test$'
-after '^bootstrap test$' '^build test '
-for tree in test sanitize mips; do [[ -n $(line "^build $tree ") ]] || found "build/$tree is not built"; done
-after '^build mips ' '^ctest '
+after '^bootstrap test$' '^build test$'
+for tree in test sanitize mips; do [[ -n $(line "^build $tree\$") ]] || found "build/$tree is not built"; done
+after '^build mips$' '^ctest '
 [[ $(cat out) == *"ctest --test-dir $scratch/tree/build --output-on-failure --no-tests=error -j2"$'\n'* ]] ||
     found "ctest is called otherwise: $(cat out)"
-full=$(grep '^build test ' out)
+full=$(grep '^build test$' out)
 [[ ! -e $(sed -n 's/^TMPDIR //p' out) ]] || found "the folder for temporary files is left"
 
 run 0 tree/script/test -R 'a b'
