@@ -235,6 +235,8 @@ def changes(text):
             continue
         if re.search(r"\b(same[A-Z]\w*|str\w*cmp|memcmp)$", code[:match.start()]):
             continue  # alike both ways
+        if re.search(r"\b(code|appendValueLine)\([^(){};]*$", code[:match.start()]):
+            continue  # a value and its line: one of them is chosen, wherever it is in the list
         places = elements(code, match.end(), end)
         for (a, b), (c, d) in zip(places, places[1:]):
             if text[a:b] != text[c:d] and not text[a:b].startswith("const "):
@@ -1025,7 +1027,7 @@ def try_all(build, mutants, texts, options, work):
         with guard:
             place = places.pop()
         try:
-            scratch = work / f"mutant-{place}"
+            scratch = work / f"mutant-{os.getpid()}-{place}"
             if not task[0].alone:
                 for mutant, result in build.judge_together(task[0].file, task, scratch):
                     tell(mutant, result)
@@ -1045,6 +1047,9 @@ def try_all(build, mutants, texts, options, work):
             for future in running:
                 future.cancel()
             raise
+        finally:
+            for folder in work.glob(f"mutant-{os.getpid()}-*"):
+                shutil.rmtree(folder, ignore_errors=True)
     return results
 
 
