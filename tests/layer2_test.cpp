@@ -132,6 +132,9 @@ TEST(Layer2, FullVlanTableWithoutTheCpuPortHasNoManagementVlan) {
     resetAll();
     for (TagVlan &vlan : gSysConfig->tagVlans)
         vlan.inUse = 1; // VLAN 0, in which every access port without one would be
+    u8 *const after = reinterpret_cast<u8 *>(gSysConfig) + offsetof(ConfigImage, tagVlans) + sizeof(TagVlanTable);
+    after[0] = 1; // what would be a further VLAN in use, with the CPU port
+    after[4] = 0x10;
     for (const Mode mode : {Mode::full, Mode::delta}) {
         gDefConfig->tagVlans[0].id = 7;
         callStep(mode, "ManageVLANFunc_configure_vlan");

@@ -119,7 +119,7 @@ void expectNamed(const Json &json, Part part, const void *old, const void *now) 
 
 TEST_F(Diff, NamesWhatWasChangedAndTurnsOldIntoNew) {
     std::mt19937 random(20);
-    for (std::uint32_t seed = 0; seed < 60; ++seed) {
+    for (std::uint32_t seed = 0; seed < shareOf(60); ++seed) {
         composeStore(seed, *store_);
         const std::string folder = writeStore("store", *store_);
         auto now = std::make_unique<ConfigImage>(store_->images[MAPI_CONFIG_RUNNING]);
@@ -146,7 +146,7 @@ TEST_F(Diff, NamesWhatWasChangedAndTurnsOldIntoNew) {
 TEST_F(Diff, FoldersAreComparedWholly) {
     std::mt19937 random(21);
     auto now = std::make_unique<StoreRecords>();
-    for (std::uint32_t seed = 0; seed < 10; ++seed) {
+    for (std::uint32_t seed = 0; seed < shareOf(10); ++seed) {
         composeStore(seed, *store_);
         *now = *store_;
         for (ConfigImage &image : now->images)
@@ -199,7 +199,7 @@ TEST_F(Diff, MarksWhatChangesNoLine) {
     std::mt19937 random(22);
     std::size_t marked = 0;
     std::size_t unmarked = 0;
-    for (std::uint32_t seed = 0; seed < 12; ++seed) {
+    for (std::uint32_t seed = 0; seed < shareOf(12); ++seed) {
         composeStore(seed, *store_);
         const std::string folder = writeStore("store", *store_);
         const ConfigImage &old = store_->images[MAPI_CONFIG_RUNNING];
@@ -236,7 +236,7 @@ TEST_F(Diff, MarksWhatChangesNoLine) {
 }
 
 TEST_F(Diff, LinesAreThoseOfDeltaModeWithOldAsTheDefault) {
-    for (std::uint32_t seed = 0; seed < 20; ++seed) {
+    for (std::uint32_t seed = 0; seed < shareOf(20); ++seed) {
         composeStore(seed, *store_);
         const std::string folder = writeStore("store", *store_);
         std::string expected;

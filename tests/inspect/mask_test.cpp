@@ -96,7 +96,7 @@ void expectSameLines(const std::string &plain, const std::string &masked, const 
 TEST_F(Mask, AMaskedTextHasTheSameLinesInBothModes) {
     std::mt19937 random(23);
     std::array<std::size_t, 2> sizes = {};
-    for (std::uint32_t seed = 0; seed < 60; ++seed) {
+    for (std::uint32_t seed = 0; seed < shareOf(60); ++seed) {
         composeStore(seed, *store_);
         ConfigImage &image = store_->images[MAPI_CONFIG_RUNNING];
         ConfigImage &defaults = store_->images[MAPI_CONFIG_DEFAULT];

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -32,6 +33,11 @@ struct StoreRecords {
 void composeStore(std::uint32_t seed, StoreRecords &store);
 /// The built-in store.
 void composeBuiltInStore(StoreRecords &store);
+
+/// How many of `all` random stores are tried: fewer where the environment says that the machine is slow.
+inline std::uint32_t shareOf(std::uint32_t all) {
+    return std::getenv("TEXTCFG_COVERAGE_SAMPLE") == nullptr ? all : all / 20 + 1;
+}
 
 /// A folder that is gone after the test.
 class ProgramTest : public ::testing::Test {

@@ -127,7 +127,7 @@ TEST_F(Secrets, AreInNoOutputOfAnyCommand) {
             // These try each field of each line: one record is enough.
             const bool tries = command == "explain" || command == "annotate";
             for (const std::vector<std::string> &named : records) {
-                if (tries && &named != std::begin(records)) break;
+                if ((tries || shareOf(2) == 1) && &named != std::begin(records)) break;
                 for (unsigned chosen = 0; chosen < 1U << flags.size(); ++chosen) {
                     std::vector<std::string> words = {command, named[0]};
                     // What is no second record may be a pattern, which is a chance of its own.

@@ -33,7 +33,7 @@ std::string golden(const std::string &name) {
 }
 
 TEST_F(Text, IsThatOfTheDriverOfEachVerb) {
-    for (std::uint32_t seed = 0; seed < 200; ++seed) {
+    for (std::uint32_t seed = 0; seed < shareOf(200); ++seed) {
         composeStore(seed, *store_);
         const std::string folder = writeStore("store", *store_);
         // Each store by one verb of each selector, all verbs over four stores.

@@ -42,7 +42,7 @@ NEVER_DROPPED = re.compile(r"default: break;|return 0;|[{}]")
 
 # The tests that are most likely to notice a change of a file; they run first. Others: those of the file's own name.
 LIKELY = {
-    "app/drivers": ["drivers"], "app/order": ["drivers"], "app/images": ["run"], "app/main": ["run"],
+    "app/drivers": ["drivers"], "app/order": ["drivers", "reads"], "app/reads": ["reads"], "app/images": ["run"], "app/main": ["run"],
     "app/text/text": ["text", "system"], "format/address": ["ip", "snmp", "users"],
     "format/blocks": ["port_list", "interface"],
     "platform/image": ["record"], "platform/record": ["record", "bytes"], "platform/board": ["record"],
@@ -57,11 +57,12 @@ LIKELY = {
 # The sources that say most of a header; they are compiled with a change of it before the others. Others: that of the
 # header's own name.
 NEAR = {
-    "app/order": ["app/drivers.cpp"], "app/verbs": ["app/run.cpp"],
+    "app/order": ["app/drivers.cpp"], "app/verbs": ["app/run.cpp"], "app/reads": ["app/drivers.cpp"],
     "app/text/line_format": ["app/text/text.cpp", "sections/system.cpp"],
     "app/text/line_writer": ["app/text/text.cpp"], "app/text/text": ["app/text/text.cpp", "sections/system.cpp"],
-    "format/blocks": ["sections/interface.cpp"], "platform/image": ["sections/layer2.cpp"],
-    "platform/record": ["sections/system.cpp"], "platform/board": ["app/header.cpp"],
+    "format/blocks": ["sections/interface.cpp"], "format/section_lines": ["sections/system.cpp"],
+    "platform/image": ["tests/record_test.cpp"], "platform/record": ["tests/record_test.cpp", "sections/system.cpp"],
+    "platform/board": ["tests/record_test.cpp"],
 }
 
 
@@ -234,6 +235,8 @@ def changes(text):
             continue
         if re.search(r"\b(same[A-Z]\w*|str\w*cmp|memcmp)$", code[:match.start()]):
             continue  # alike both ways
+        if re.search(r"\b(code|appendValueLine)\([^(){};]*$", code[:match.start()]):
+            continue  # a value and its line: one of them is chosen, wherever it is in the list
         places = elements(code, match.end(), end)
         for (a, b), (c, d) in zip(places, places[1:]):
             if text[a:b] != text[c:d] and not text[a:b].startswith("const "):
@@ -297,11 +300,10 @@ def limits():
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
 
 
-def passes(command, directory, seconds, environment=None):
+def passes(command, directory, seconds, environment=None, output=subprocess.DEVNULL):
     """Whether a command ends with status 0 in that time. What it started ends with it."""
     process = subprocess.Popen(command, cwd=directory, shell=isinstance(command, str), stdin=subprocess.DEVNULL,
-                               stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, preexec_fn=limits,
-                               env=environment)
+                               stdout=output, stderr=subprocess.DEVNULL, preexec_fn=limits, env=environment)
     try:
         return process.wait(seconds) == 0
     except subprocess.TimeoutExpired:
@@ -312,12 +314,18 @@ def passes(command, directory, seconds, environment=None):
             process.wait()
 
 
+NOTICED, UNNOTICED, UNCHANGED = "noticed", "unnoticed", "unchanged"
+UNLOCKED = contextlib.nullcontext()
+
+
 class Program:
     """Something that is linked from the program's objects and run, and that may notice a change."""
 
     def __init__(self, name, link, binary, sources):
         self.name, self.link, self.binary, self.sources = name, link, binary, sources
         self.suites, self.alone, self.seconds = {}, [], 300
+        self.slow = []     # suites that take long; they run last
+        self.learned = {}  # of each file, the suites that noticed changes of it so far, with how many
 
 
 class Build:
@@ -326,21 +334,34 @@ class Build:
     def __init__(self, tree, work):
         self.copy, self.binary = work / "tree", work / "build"
         self.copy_tree(tree)
-        # With the library's assertions, so that an index beside a table is noticed.
+        # With the library's assertions, so that an index beside a table is noticed. What is built once is optimised,
+        # as it runs often; what is built for one change is not.
         self.run("cmake", "-S", self.copy, "-B", self.binary, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
-                 "-DCMAKE_CXX_FLAGS_DEBUG=-O0 -D_GLIBCXX_ASSERTIONS", "-DTEXTCFG_TESTS=ON")
+                 "-DCMAKE_CXX_FLAGS_DEBUG=-O1 -D_GLIBCXX_ASSERTIONS", "-DTEXTCFG_TESTS=ON")
         known = self.run("ninja", "-C", self.binary, "-t", "targets", "all")
         names = [name for name in PROGRAMS if re.search(rf"(?m)^{re.escape(name)}: ", known)]
         self.run("ninja", "-C", self.binary, *names)
         self.objects = {}  # of each source: object, command
         self.programs = [self.read_program(name) for name in names]
         self.read_users()
-        self.lock, self.headers_lock, self.headers = threading.Lock(), threading.Lock(), {}
+        self.lock, self.lock_alone, self.headers_lock = threading.Lock(), threading.Lock(), threading.Lock()
+        self.headers, self.unchanged = {}, {}
         for program in self.programs:
             began = time.time()
-            if not self.passes_all(program, program.binary, [], 0):
+            if not self.passes_all(program, program.binary, "", 0):
                 raise Failure(f"the tests fail as it is: {program.binary}")
             program.seconds = 20 + 10 * (time.time() - began)
+            self.find_slow(program)
+
+    def find_slow(self, program):
+        """The suites that take most of the time of a program's tests."""
+        if not program.suites:
+            return
+        shown = self.run(program.binary)
+        seconds = {match[1]: int(match[2]) + 1
+                   for match in re.finditer(r"\[-+\] \d+ tests? from (\S+?)(?:,.*)? \((\d+) ms total\)", shown)}
+        limit = sum(seconds.values()) / 30
+        program.slow = [f"{suite}.*" for suite in sorted(seconds, key=seconds.get) if seconds[suite] > limit]
 
     def run(self, *command):
         result = subprocess.run([str(word) for word in command], stdin=subprocess.DEVNULL, text=True,
@@ -419,24 +440,30 @@ class Build:
 
     # --------------------------------------------------------------------------------------------- one change by itself
 
-    def notices(self, mutant, scratch):
-        """Whether the compiler or a test notices the change. `scratch` is a folder of its own."""
-        text = (self.copy / mutant.file).read_text()
-        return self.notices_text(mutant.file, text[:mutant.start] + mutant.new + text[mutant.end:], scratch)
+    def judge(self, mutant, scratch, tests_passed=False):
+        """What comes of a change: it is noticed by the compiler or a test, or it is unnoticed; or the compiler proves
+        that it changes nothing. `scratch` is a folder of its own; `tests_passed` says that the tests that are linked
+        with the program's code do not notice it."""
+        if self.notices(mutant, scratch, tests_passed):
+            return NOTICED
+        return UNCHANGED if self.changes_nothing(mutant, scratch) else UNNOTICED
 
-    def notices_text(self, file, text, scratch):
-        overlay = self.overlay(file, text, scratch)
+    def notices(self, mutant, scratch, tests_passed=False):
+        """Whether the compiler or a test notices the change."""
+        file, text = mutant.file, (self.copy / mutant.file).read_text()
+        overlay = self.overlay(file, text[:mutant.start] + mutant.new + text[mutant.end:], scratch)
         users = sorted(self.users.get(file, []))
         if not users:
             return False
         if file in self.objects:
             objects = self.compile([file], overlay, scratch)
-            return objects is None or not self.survives(file, objects, scratch)
+            return objects is None or not self.survives(file, objects, scratch, tests_passed=tests_passed)
 
         # A header. Most that does not compile is noticed by it alone, and most else by a few of its users, which are
         # compiled first. Their objects go in front, so that their inline functions are the ones taken.
         changed = overlay / file
         command = self.command(users[0], overlay, changed, None)
+        command += self.including(self.system_headers(users[0]))
         if not passes(f"{command} -w -fsyntax-only -x c++ {changed}", self.binary, 100):
             return True
         tests = [source for source in users if source.endswith("_test.cpp")]
@@ -445,19 +472,28 @@ class Build:
         product = [source for source in users if source not in tests]
         likely = [source for source in self.likely(file) if source in tests]
         stem = file.rsplit(".", 1)[0]
-        near = [source for source in NEAR.get(stem, [stem + ".cpp"]) if source in users] or product[:1]
-        stages = [near, product + likely]
+        near = NEAR.get(stem, [stem + ".cpp"])
+        if file.startswith("sections/"):
+            near = ["app/drivers.cpp"] + near
+        near = [source for source in near if source in users] or product[:1]
+        # What to compile besides, and whose tests to run then; none: all tests, with nothing that is old.
+        stages = [(near, file)]
+        stages += [([source], source) for source in product if source not in near]
         if file.startswith("platform/"):
-            stages = [near + likely, product, tests]
+            stages.insert(1, (likely, file))
+            stages.append((tests, None))
+        else:
+            stages.append((likely, None))
         objects = {}
-        for number, stage in enumerate(stages):
-            more = self.compile([source for source in stage if source not in objects], overlay, scratch)
+        for sources, tested in stages:
+            sources = [source for source in sources if source not in objects]
+            more = self.compile(sources, overlay, scratch)
             if more is None:
                 return True
             objects = {**objects, **more}
-            # Between the stages only the tests of the file itself, as what is linked is partly old.
-            last = number + 1 == len(stages)
-            if not self.survives(file, objects, scratch, others_too=last, in_front=not last):
+            if tested and not sources:
+                continue
+            if not self.survives(tested or file, objects, scratch, others_too=not tested, in_front=bool(tested)):
                 return True
         return False
 
@@ -470,9 +506,7 @@ class Build:
         return scratch / "include"
 
     def command(self, source, overlay, text, new):
-        command = re.sub(r" -MD -MT \S+ -MF \S+", "", self.objects[source][1])
-        command = re.sub(r" -o \S+ -c \S+$", "", command)
-        command = command.replace(" -I", f" -I{overlay} -I", 1)
+        command = self.flags(source).replace(" -I", f" -I{overlay} -I", 1)
         return command if new is None else f"{command} -Werror=return-type -o {new} -c {text}"
 
     def precompiled(self, source):
@@ -485,13 +519,54 @@ class Build:
             place = self.binary / "headers" / (source.replace("/", "-") + ".h")
             place.parent.mkdir(exist_ok=True)
             place.write_text("\n".join(lines) + "\n")
-            command = re.sub(r" -MD -MT \S+ -MF \S+", "", self.objects[source][1])
-            command = re.sub(r" -o \S+ -c \S+$", "", command)
+            command = self.flags(source)
             # A header that may not be read twice is left as it is.
             if passes(f"{command} -x c++-header {place} -o {place}.gch", self.binary, 100) and \
                     passes(f"{command} -include {place} -fsyntax-only {self.copy / source}", self.binary, 100):
                 self.headers[source] = place
             return self.headers[source]
+
+    def system_headers(self, source):
+        """The headers of the system that the sources with the same flags include, compiled once; None if that fails."""
+        flags = self.flags(source)
+        with self.headers_lock:
+            if flags not in self.headers:
+                self.headers[flags] = None
+                lines = set()
+                for other in self.objects:
+                    if self.flags(other) == flags:
+                        lines |= self.system_includes(other)
+                place = self.binary / "headers" / f"system-{len(self.headers)}.h"
+                place.parent.mkdir(exist_ok=True)
+                place.write_text("\n".join(sorted(lines)) + "\n")
+                if passes(f"{flags} -x c++-header {place} -o {place}.gch", self.binary, 100):
+                    self.headers[flags] = place
+            return self.headers[flags]
+
+    def system_includes(self, file, seen=None):
+        """The lines that include headers of the system in a file, or in what it includes of the tree."""
+        seen = seen if seen is not None else set()
+        found = set()
+        for line in (self.copy / file).read_text().splitlines():
+            match = re.match(r'#include (<\S+>|"(\S+)")', line)
+            if not match:
+                continue
+            if not match.group(2):
+                found.add(match.group())
+                continue
+            for path in (match.group(2), f"{os.path.dirname(file)}/{match.group(2)}"):
+                if path not in seen and (self.copy / path).is_file():
+                    seen.add(path)
+                    found |= self.system_includes(path, seen)
+        return found
+
+    def flags(self, source):
+        command = re.sub(r" -MD -MT \S+ -MF \S+", "", self.objects[source][1])
+        return re.sub(r" -o \S+ -c \S+$", "", command).replace(" -O1 ", " -O0 ", 1)
+
+    @staticmethod
+    def including(header):
+        return f" -include {header}" if header else ""
 
     def compile(self, sources, overlay, scratch):
         """Compiles the sources with the changed file. Returns the objects by source; None if it fails."""
@@ -500,9 +575,7 @@ class Build:
             new = scratch / (source.replace("/", "-") + ".o")
             own = overlay / source
             command = self.command(source, overlay, own if own.exists() else self.copy / source, new)
-            header = self.precompiled(source) if own.exists() else None
-            if header:
-                command += f" -include {header}"
+            command += self.including(self.precompiled(source) if own.exists() else self.system_headers(source))
             if not passes(command, self.binary, 200):
                 return None
             objects[source] = new
@@ -524,13 +597,15 @@ class Build:
             return None
         return passes(re.sub(r" -o \S+", f" -o {binary}", link), self.binary, 200)
 
-    def survives(self, file, objects, scratch, others_too=True, in_front=False):
+    def survives(self, file, objects, scratch, others_too=True, in_front=False, tests_passed=False):
         for program in self.programs_for(file):
+            if tests_passed and program.suites:
+                continue
             binary = scratch / program.name
             linked = self.link(program, objects, binary, in_front)
             if linked is None:
                 continue
-            if not linked or not self.passes_all(program, binary, self.likely(file), 0, others_too):
+            if not linked or not self.passes_all(program, binary, file, 0, others_too):
                 return False
         return True
 
@@ -542,8 +617,9 @@ class Build:
         tests = [source for source in self.likely(file)]
         return sorted(chosen, key=lambda program: not any(source in program.suites for source in tests))
 
-    def passes_all(self, program, binary, likely, chosen, others_too=True):
-        """Runs a program's tests; `chosen` is the number of the change that holds, of those that it was built with."""
+    def passes_all(self, program, binary, file, chosen, others_too=True):
+        """Runs a program's tests; `chosen` is the number of the change that holds, of those that it was built with.
+        Those that are likely to notice a change of the file run first, and those that take long run last."""
         environment = {**os.environ, VARIABLE: str(chosen)}
         if program.name in NEVER_RUN:
             return True
@@ -551,28 +627,66 @@ class Build:
             check = self.copy / CHECKS.get(program.name, "")
             command = ["bash", str(check), str(binary)] if check.is_file() else [str(binary)]
             return not others_too or passes(command, binary.parent, program.seconds, environment)
-        first = [suite for source in likely for suite in program.suites.get(source, [])]
+        likely = [suite for source in self.likely(file) for suite in program.suites.get(source, [])]
+        with self.lock:
+            learned = program.learned.setdefault(file, {})
+            learned = sorted(learned, key=learned.get, reverse=True)
+        slow = [suite for suite in program.slow if suite not in learned]
+        slow_first = [suite for suite in learned if suite in program.slow]
+        first = [suite for suite in likely if suite not in program.slow]
+        first += [suite for suite in learned[:10] if suite not in likely + slow_first]
 
-        def run(suites, alone):
+        def run(suites, alone=False):
             command = [str(binary), "--gtest_fail_fast", "--gtest_brief=1", "--gtest_filter=" + suites]
-            if not alone:
-                return passes(command, binary.parent, program.seconds, environment)
-            with self.lock:
-                return passes(command, binary.parent, program.seconds, environment)
+            with tempfile.TemporaryFile(dir=binary.parent) as output, self.lock_alone if alone else UNLOCKED:
+                good = passes(command, binary.parent, program.seconds, environment, output)
+                output.seek(0)
+                failed = re.search(rb"\[  FAILED  \] (\S+?)\.", output.read(1 << 20))
+            if not good and failed:
+                with self.lock:
+                    suite = failed[1].decode() + ".*"
+                    program.learned[file][suite] = program.learned[file].get(suite, 0) + 1
+            return good
 
         if first and not run(":".join(first), any(suite in program.alone for suite in first)):
             return False
-        if not others_too:
-            return True
-        if not run("*-" + ":".join(first + program.alone), False):
-            return False
-        rest = [suite for suite in program.alone if suite not in first]
+        stages = [slow_first, None, slow] if others_too else [[suite for suite in program.slow if suite in likely]]
+        for stage in stages:
+            rest = "*-" + ":".join(first + program.slow + program.alone)
+            if stage != [] and not run(rest if stage is None else ":".join(stage)):
+                return False
+        rest = [suite for suite in program.alone if suite not in first] if others_too else []
         return not rest or run(":".join(rest), True)
+
+    # ------------------------------------------------------------------------------------------- what changes nothing
+
+    def changes_nothing(self, mutant, scratch):
+        """Whether the compiler makes the same of the program's sources with the change, optimised, as without."""
+        text = (self.copy / mutant.file).read_text()
+        overlay = self.overlay(mutant.file, text[:mutant.start] + mutant.new + text[mutant.end:], scratch)
+        users = [source for source in self.users[mutant.file] if not source.startswith("tests/")]
+        return bool(users) and all(self.optimised(source, overlay, scratch) == self.optimised(source, None, scratch)
+                                   for source in users)
+
+    def optimised(self, source, overlay, scratch):
+        """What the compiler makes of a source, with the files in `overlay` in place of the tree's."""
+        if overlay is None and source in self.unchanged:
+            return self.unchanged[source]
+        own = overlay / source if overlay and (overlay / source).exists() else self.copy / source
+        flags = self.flags(source) if overlay is None else self.command(source, overlay, None, None)
+        # From the standard input, so that the name of the file is the same.
+        with own.open() as text:
+            result = subprocess.run(f"{flags} -Os -w -x c++ -S -o - -", shell=True, cwd=self.binary, stdin=text,
+                                    stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        made = result.stdout if result.returncode == 0 else os.urandom(16)
+        if overlay is None:
+            self.unchanged[source] = made
+        return made
 
     # --------------------------------------------------------------------------------------------- many changes at once
 
     def judge_together(self, file, mutants, scratch):
-        """Yields whether each of these changes is noticed. They are compiled together, each one chosen when it runs."""
+        """Yields what comes of each of these changes. They are compiled together, each one chosen when it runs."""
         text = (self.copy / file).read_text()
         left, alone, programs = list(mutants), [], []
         users = [source for source in sorted(self.users.get(file, [])) if not source.endswith("_test.cpp")]
@@ -589,7 +703,7 @@ class Build:
                     if linked and program.suites:  # what has none takes long, and is for what is tried by itself
                         programs.append((program, binary))
                 # The unchanged program must pass: choosing does no harm.
-                if any(not self.passes_all(*program, self.likely(file), 0, False) for program in programs):
+                if any(not self.passes_all(*program, file, 0, False) for program in programs):
                     programs = []
                 break
             if failed == {None}:
@@ -598,25 +712,23 @@ class Build:
             left = [mutant for number, mutant in enumerate(left) if number not in failed]
         if not programs:
             left, alone = [], list(mutants)
-        for number, mutant in enumerate(left, 1):
-            noticed = any(not self.passes_all(*program, self.likely(file), number) for program in programs)
-            # What nobody noticed is tried once more by itself, as the compiler may have something to say.
-            if not noticed:
-                alone.append(mutant)
-            else:
-                yield mutant, True
         apart = scratch.with_name(scratch.name + "-alone")
+        for number, mutant in enumerate(left, 1):
+            if any(not self.passes_all(*program, file, number) for program in programs):
+                yield mutant, NOTICED
+            else:  # once more by itself, as the compiler may have something to say
+                yield mutant, self.judge(mutant, apart, tests_passed=True)
         for mutant in alone:
-            yield mutant, self.notices(mutant, apart)
+            yield mutant, self.judge(mutant, apart)
 
     def broken(self, file, users, overlay):
         """The numbers of the changes that the compiler complains about."""
         found = set()
         for source in users[:3]:
             command = self.command(source, overlay, "", None)
-            header = self.precompiled(source) if source == file else None
+            header = self.precompiled(source) if source == file else self.system_headers(source)
             own = overlay / source if (overlay / source).exists() else self.copy / source
-            command += (f" -include {header}" if header else "") + f" -w -fsyntax-only -fmax-errors=0 {own}"
+            command += self.including(header) + f" -w -fsyntax-only -fmax-errors=0 {own}"
             result = subprocess.run(command, shell=True, cwd=self.binary, stdin=subprocess.DEVNULL, text=True,
                                     stdout=subprocess.DEVNULL, stderr=subprocess.PIPE)
             if result.returncode == 0:
@@ -858,8 +970,12 @@ def main():
     work.mkdir(parents=True, exist_ok=True)
     print(f"building in {work}", flush=True)
     with path_without_blanks(work) as place:
-        unnoticed = try_all(Build(tree, place), tried, texts, options, place)
-    findings = len(tried) - len(unnoticed) if options.explained else len(unnoticed)
+        results = try_all(Build(tree, place), tried, texts, options, place)
+    unnoticed = [mutant for mutant in tried if results[mutant] == UNNOTICED]
+    for mutant in tried:
+        if results[mutant] == UNCHANGED:
+            types[mutant] = "equivalent"
+    findings = list(results.values()).count(NOTICED if options.explained else UNNOTICED)
     if not options.explained and options.sample is None:
         print_scores(mutants, types, unnoticed)
     told = "noticed though explained" if options.explained else "unnoticed and not explained"
@@ -885,12 +1001,13 @@ def path_without_blanks(work):
 
 
 def try_all(build, mutants, texts, options, work):
-    """Tries the changes, prints those that are worth telling, and returns those that went unnoticed."""
+    """Tries the changes, prints those that are worth telling, and returns what came of each."""
     print(f"{len(mutants)} changes", flush=True)
     for file in texts:
         if file not in build.users:
             raise Failure(f"{file}: no program of the tests is built from it")
-    began, ended, unnoticed = time.time(), 0, []
+    began, results = time.time(), {}
+    worth_telling = NOTICED if options.explained else UNNOTICED
     places, guard = list(range(options.jobs)), threading.Lock()
     tasks = []
     for file, text in texts.items():
@@ -898,28 +1015,25 @@ def try_all(build, mutants, texts, options, work):
         tasks += groups + [alone[at:at + 20] for at in range(0, len(alone), 20)]
     tasks.sort(key=len, reverse=True)
 
-    def tell(mutant, noticed):
-        nonlocal ended
+    def tell(mutant, result):
         with guard:
-            ended += 1
-            if not noticed:
-                unnoticed.append(mutant)
-            if noticed == options.explained:
-                print(f"{'noticed' if noticed else 'unnoticed'}: {mutant}", flush=True)
-            if ended % 500 == 0:
-                print(f"{ended} of {len(mutants)}, {time.time() - began:.0f} s", file=sys.stderr, flush=True)
+            results[mutant] = result
+            if result == worth_telling:
+                print(f"{result}: {mutant}", flush=True)
+            if len(results) % 500 == 0:
+                print(f"{len(results)} of {len(mutants)}, {time.time() - began:.0f} s", file=sys.stderr, flush=True)
 
     def work_on(task):
         with guard:
             place = places.pop()
         try:
-            scratch = work / f"mutant-{place}"
+            scratch = work / f"mutant-{os.getpid()}-{place}"
             if not task[0].alone:
-                for mutant, noticed in build.judge_together(task[0].file, task, scratch):
-                    tell(mutant, noticed)
+                for mutant, result in build.judge_together(task[0].file, task, scratch):
+                    tell(mutant, result)
             else:
                 for mutant in task:
-                    tell(mutant, build.notices(mutant, scratch))
+                    tell(mutant, build.judge(mutant, scratch))
         finally:
             with guard:
                 places.append(place)
@@ -933,7 +1047,10 @@ def try_all(build, mutants, texts, options, work):
             for future in running:
                 future.cancel()
             raise
-    return unnoticed
+        finally:
+            for folder in work.glob(f"mutant-{os.getpid()}-*"):
+                shutil.rmtree(folder, ignore_errors=True)
+    return results
 
 
 def print_scores(mutants, types, unnoticed):
