@@ -29,7 +29,9 @@ void putText(unsigned char *bytes, std::size_t size, std::size_t number, char pa
     std::snprintf(digits, sizeof digits, "%zu", number);
     const std::size_t length = std::strlen(digits);
     for (std::size_t i = 0; i < size; ++i)
-        bytes[i] = static_cast<unsigned char>(i == 0 ? pad : i <= length ? digits[i - 1] : 'a' + i % 26);
+        bytes[i] = static_cast<unsigned char>(i == 0        ? pad
+                                              : i <= length ? digits[i - 1]
+                                                            : static_cast<char>('a' + i % 26));
 }
 
 /// A value for a leaf that its number tells from all others.
@@ -564,7 +566,7 @@ std::vector<std::string> reservedBytesThatShow(std::size_t every) {
                 }
     }
     std::ranges::sort(found);
-    found.erase(std::ranges::unique(found).begin(), found.end());
+    found.erase(std::unique(found.begin(), found.end()), found.end());
     return found;
 }
 

@@ -42,7 +42,8 @@ NEVER_DROPPED = re.compile(r"default: break;|return 0;|[{}]")
 
 # The tests that are most likely to notice a change of a file; they run first. Others: those of the file's own name.
 LIKELY = {
-    "app/drivers": ["drivers"], "app/order": ["drivers", "reads"], "app/reads": ["reads"], "app/images": ["run"], "app/main": ["run"],
+    "app/drivers": ["drivers"], "app/order": ["drivers", "reads"], "app/reads": ["reads"], "app/images": ["run"],
+    "app/main": ["run"],
     "app/text/text": ["text", "system"], "format/address": ["ip", "snmp", "users"],
     "format/blocks": ["port_list", "interface"],
     "platform/image": ["record"], "platform/record": ["record", "bytes"], "platform/board": ["record"],
