@@ -140,6 +140,8 @@ TEST(CircuitIdBlocks, AreComparedWithTheDefaultInBothModes) {
         EXPECT_EQ(std::string(portsHead) + row.full + portsTail, textOfStep(Mode::full, portDhcp, row.given))
             << row.name;
         EXPECT_EQ(row.delta, textOfStep(Mode::delta, portDhcp, row.given)) << row.name;
+        holdLines(Mode::full, portDhcp, row.full);
+        holdLines(Mode::delta, portDhcp, row.delta);
     }
 }
 

@@ -87,6 +87,9 @@ TEST_P(FieldLines, FollowTheirOwnFieldInFullMode) {
         }
     }
     EXPECT_FALSE(textOverflowed());
+    holdLines(Mode::full, section.emitter, section.frame.removal + section.frame.head + section.frame.tail);
+    for (const FieldLine &line : section.lines)
+        for (const LineValue &value : line.values) holdLines(Mode::full, section.emitter, value.full);
 }
 
 TEST_P(FieldLines, FollowTheirOwnFieldInDeltaMode) {
@@ -116,4 +119,7 @@ TEST_P(FieldLines, FollowTheirOwnFieldInDeltaMode) {
         }
     }
     EXPECT_FALSE(textOverflowed());
+    holdLines(Mode::delta, section.emitter, section.frame.head + section.frame.deltaTail);
+    for (const FieldLine &line : section.lines)
+        for (const LineValue &value : line.values) holdLines(Mode::delta, section.emitter, value.delta);
 }

@@ -8,6 +8,7 @@
 #include "inspect/literals.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <map>
 #include <set>
 #include <sstream>
@@ -208,7 +209,46 @@ void expectWholeLiterals(const std::string &store, void (*compose)()) {
     }
 }
 
+using HeldLines = std::map<std::pair<Mode, std::string>, std::set<std::string>>;
+
+/// The lines of rows, by mode and emitter.
+HeldLines &heldLines() {
+    static HeldLines lines;
+    return lines;
+}
+
+/// Rows call an emitter as the drivers do. What that does not reach is tested by direct calls.
+bool isReachedByRows(Mode mode, const std::string &emitter) {
+    return std::none_of(std::begin(directCalls), std::end(directCalls),
+                        [&](const Direct &direct) { return direct.mode == mode && direct.emitter == emitter; });
+}
+
+/// At the end of a run of all tests.
+class EachLiteralHasARow : public testing::Environment {
+public:
+    void TearDown() override {
+        if (testing::GTEST_FLAG(filter) != "*" || std::getenv("GTEST_TOTAL_SHARDS") != nullptr) return;
+        for (const std::string &emitter : sources().emitters())
+            for (const Mode mode : modes) {
+                if (!isReachedByRows(mode, emitter)) continue;
+                const auto literals = sources().literalsOf(nameOf(mode), emitter);
+                std::set<const inspect::Literal *> held;
+                for (const std::string &line : heldLines()[{mode, emitter}])
+                    held.insert(inspect::writerOf(literals, line));
+                for (const inspect::Literal *const literal : literals)
+                    if (held.count(literal) == 0 && literal->text.front() != '%') // no piece of a line
+                        ADD_FAILURE() << literal->file << ":" << literal->sourceLine << ": no row has the "
+                                      << nameOf(mode) << " mode's line " << literal->text;
+            }
+    }
+};
+const testing::Environment *const atTheEnd = testing::AddGlobalTestEnvironment(new EachLiteralHasARow);
+
 } // namespace
+
+void holdLines(Mode mode, const char *emitter, const std::string &text) {
+    for (const std::string &line : linesOf(text)) heldLines()[{mode, emitter}].insert(line);
+}
 
 TEST(Literals, AreWholeInTheSourceOfTheirEmitter) {
     expectWholeLiterals("built-in store", composeBuiltIn);

@@ -78,6 +78,7 @@ TEST_P(Rows, Renders) {
     row.given(*gSysConfig, *gDefConfig);
     callStep(row.mode, row.emitter);
     EXPECT_EQ(row.text, Temp_Configuration);
+    holdLines(row.mode, row.emitter, row.text);
     EXPECT_EQ('\0', LineBuffer[0]);
     EXPECT_FALSE(textOverflowed());
 }

@@ -43,6 +43,10 @@ std::string printedBy(const std::function<void()> &body);
 /// A text of `width` characters without terminator: "abc…zabc…".
 std::string letters(std::size_t width);
 
+/// Remembers that a test holds these lines of an emitter. When all tests have run, each literal of the sources must
+/// have been one of them.
+void holdLines(Mode mode, const char *emitter, const std::string &text);
+
 /// A failing row names its emitter.
 void PrintTo(const Row &row, std::ostream *out);
 

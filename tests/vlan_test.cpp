@@ -412,6 +412,13 @@ ROWS(VlanPorts,
                   [](ConfigImage &image) { image.vlanPorts[27].mode = 3; }),
           "interface 1-27 \nvlan dot1q-vlan mode access\nexit\n"
           "interface 28 \nvlan dot1q-vlan mode dot1q-tunnel\nexit\n"},
+         {"modes changed to trunks", Mode::delta, vlanPorts, current([](ConfigImage &image) {
+              image.vlanPorts[0].mode = 1;
+              image.vlanPorts[27].mode = 2;
+          }),
+          "interface 2-27 \nvlan dot1q-vlan mode access\nexit\n"
+          "interface 1 \nvlan dot1q-vlan mode trunk\nexit\n"
+          "interface 28 \nvlan dot1q-vlan mode trunk native\nexit\n"},
          {"a mode changed to one without a line", Mode::delta, vlanPorts,
           both(noModes, [](ConfigImage &image) { image.vlanPorts[0].mode = 5; }), ""},
          {"a trunk VLAN with another id", Mode::delta, vlanPorts,
