@@ -199,7 +199,7 @@ TEST_F(Diff, MarksWhatChangesNoLine) {
     std::mt19937 random(22);
     std::size_t marked = 0;
     std::size_t unmarked = 0;
-    for (std::uint32_t seed = 0; seed < shareOf(12); ++seed) {
+    for (std::uint32_t seed = 0; seed < 12U; ++seed) {
         composeStore(seed, *store_);
         const std::string folder = writeStore("store", *store_);
         const ConfigImage &old = store_->images[MAPI_CONFIG_RUNNING];
