@@ -326,7 +326,7 @@ FIELD_LINES(TimeRanges, ({timeRange("First", 0), timeRange("Last", 9)}));
 // -------------------------------------------------------------------------------------------------------- access rules
 
 /// A field that a rule can match, off and on. Whether it takes part decides in delta mode, not what it is.
-FieldLine match(std::size_t index, AclMatch::Bit bit, const std::function<void(AclRule &)> &store,
+FieldLine match(std::size_t index, AclMatch::Bit bit, const Setter<void(AclRule &)> &store,
                 const std::string &any, const std::string &deltaAny, const std::string &text,
                 const std::string &deltaText) {
     return {{[=](ConfigImage &image) { image.acl[index].match.clear(bit); }, any, deltaAny},
@@ -336,7 +336,7 @@ FieldLine match(std::size_t index, AclMatch::Bit bit, const std::function<void(A
              },
              text, deltaText}};
 }
-FieldLine match(std::size_t index, AclMatch::Bit bit, const std::function<void(AclRule &)> &store,
+FieldLine match(std::size_t index, AclMatch::Bit bit, const Setter<void(AclRule &)> &store,
                 const std::string &keyword, const std::string &text) {
     return match(index, bit, store, keyword + " any \n", keyword + " any\n", text, text);
 }

@@ -17,7 +17,7 @@ void quiet(ConfigImage &current, ConfigImage &defaults) {
 }
 
 /// The text of a store whose ports hold nothing but what `set` sets in the current image.
-auto onlyCurrent(std::function<void(PortTable &)> set) {
+auto onlyCurrent(Setter<void(PortTable &)> set) {
     return [set](ConfigImage &current, ConfigImage &defaults) {
         quiet(current, defaults);
         set(current.ports);
@@ -25,12 +25,12 @@ auto onlyCurrent(std::function<void(PortTable &)> set) {
 }
 
 /// Zero images whose port 28 differs by what `set` sets in the current one.
-auto onlyOne(std::function<void(PortSettings &)> set) {
+auto onlyOne(Setter<void(PortSettings &)> set) {
     return [set](ConfigImage &current, ConfigImage &) { set(current.ports[27]); };
 }
 
 /// Ports of which nothing but the descriptions is written.
-auto described(std::function<void(PortTable &current, PortTable &defaults)> set) {
+auto described(Setter<void(PortTable &current, PortTable &defaults)> set) {
     return [set](ConfigImage &current, ConfigImage &defaults) {
         quiet(current, defaults);
         set(current.ports, defaults.ports);

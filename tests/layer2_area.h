@@ -155,7 +155,7 @@ inline Given vlanFrom(TagVlan inDefaults, TagVlan inCurrent, int index = 0) {
 inline Given quietCurrent(Set set) { return both(noModes, set); }
 
 /// A change of the bridge in the current image, from a zero record.
-inline Given stpSet(std::function<void(StpConfig &)> set) {
+inline Given stpSet(Setter<void(StpConfig &)> set) {
     return current([set](ConfigImage &image) { set(image.stp); });
 }
 
@@ -168,12 +168,12 @@ inline void quietStp(ConfigImage &image) {
         image.stpPorts.priority[i] = -2;
     }
 }
-inline Given quietStpBut(std::function<void(StpPorts &)> set) {
+inline Given quietStpBut(Setter<void(StpPorts &)> set) {
     return both(quietStp, [set](ConfigImage &image) { set(image.stpPorts); });
 }
 
 /// Something to write for each attribute of the ports, in both images; then a change.
-inline Given stpPortsChanged(std::function<void(StpPorts &)> change) {
+inline Given stpPortsChanged(Setter<void(StpPorts &)> change) {
     return both(
         [](ConfigImage &image) {
             quietStp(image);
@@ -209,7 +209,7 @@ inline Given trunkFrom(TrunkGroup defaults, TrunkGroup current) { return holding
 const Bitmap<8> twoPorts = ports<Bitmap<8>>({25, 26});
 
 using Rules = DistributionRules;
-inline Given rulesFrom(std::function<void(Rules &)> set, std::function<void(Rules &)> setCurrent) {
+inline Given rulesFrom(Setter<void(Rules &)> set, Setter<void(Rules &)> setCurrent) {
     return both([set](ConfigImage &image) { set(image.distribution); },
                 [setCurrent](ConfigImage &image) { setCurrent(image.distribution); });
 }
@@ -239,13 +239,13 @@ inline void quietLacp(ConfigImage &image) {
         image.lacp.key[i] = 9;
     }
 }
-inline Given quietLacpBut(std::function<void(LacpConfig &)> set) {
+inline Given quietLacpBut(Setter<void(LacpConfig &)> set) {
     return both(quietLacp, [set](ConfigImage &image) { set(image.lacp); });
 }
 const std::string key9 = "interface 1-28 \nchannel-group lacp key 9\nexit\n";
 
 /// Something to write for each attribute, in both images; then a change.
-inline Given lacpChanged(std::function<void(LacpConfig &)> change) {
+inline Given lacpChanged(Setter<void(LacpConfig &)> change) {
     return both(
         [](ConfigImage &image) {
             quietLacp(image);
@@ -266,7 +266,7 @@ inline PortMirror mirrored(std::uint32_t set, std::uint32_t port, PortBitmap sou
 inline Given mirrorFrom(PortMirror defaults, PortMirror current) { return holding(FIELD(mirror), defaults, current); }
 
 /// A store in both images, then a change.
-inline Given loopChanged(std::function<void(LoopDetection &)> change) {
+inline Given loopChanged(Setter<void(LoopDetection &)> change) {
     return both(
         [](ConfigImage &image) {
             LoopDetection &detection = image.loopDetection;
@@ -315,7 +315,7 @@ constexpr Mac someMac = {{0x00, 0x1a, 0x2b, 0x3c, 0x4d, 0x5e}};
 constexpr Mac otherMac = {{0x00, 0x1a, 0x2b, 0x3c, 0x4d, 0x5f}};
 inline Given macFrom(MacEntry defaults, MacEntry current) { return holding(FIELD(macTable[127]), defaults, current); }
 
-inline Given learningChanged(std::function<void(MacLearning &)> change) {
+inline Given learningChanged(Setter<void(MacLearning &)> change) {
     return both(
         [](ConfigImage &image) {
             image.macLearning.off[0] = 1;
@@ -328,7 +328,7 @@ inline Given agingFrom(std::int32_t defaults, std::int32_t current) {
     return holding(FIELD(switchConfig.macAgingTime), defaults, current);
 }
 
-inline Given lldpFrom(std::function<void(LldpConfig &)> set, std::function<void(LldpConfig &)> setCurrent) {
+inline Given lldpFrom(Setter<void(LldpConfig &)> set, Setter<void(LldpConfig &)> setCurrent) {
     return both([set](ConfigImage &image) { set(image.lldp); },
                 [setCurrent](ConfigImage &image) { setCurrent(image.lldp); });
 }

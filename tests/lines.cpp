@@ -66,14 +66,7 @@ void prepare(const FieldLineSet &section) {
     section.given(*gDefConfig);
 }
 
-} // namespace
-
-void PrintTo(const FieldLineSet &set, std::ostream *out) { *out << set.emitter << ", " << set.name; }
-
-std::string linesName(const testing::TestParamInfo<FieldLineSet> &info) { return info.param.name; }
-
-TEST_P(FieldLines, FollowTheirOwnFieldInFullMode) {
-    const FieldLineSet &section = GetParam();
+void followInFullMode(const FieldLineSet &section) {
     const order::Call call = callOf(Mode::full, section.emitter);
     ASSERT_TRUE(static_cast<bool>(call)) << section.emitter;
     prepare(section);
@@ -92,8 +85,7 @@ TEST_P(FieldLines, FollowTheirOwnFieldInFullMode) {
         for (const LineValue &value : line.values) holdLines(Mode::full, section.emitter, value.full);
 }
 
-TEST_P(FieldLines, FollowTheirOwnFieldInDeltaMode) {
-    const FieldLineSet &section = GetParam();
+void followInDeltaMode(const FieldLineSet &section) {
     const order::Call call = callOf(Mode::delta, section.emitter);
     ASSERT_TRUE(static_cast<bool>(call)) << section.emitter;
     prepare(section);
@@ -114,7 +106,7 @@ TEST_P(FieldLines, FollowTheirOwnFieldInDeltaMode) {
                     hold(current, defaults); // this field alone differs, or none
                 otherDefaults[i] = current[i];
                 hold(current, otherDefaults); // all others differ
-                if (HasFatalFailure()) return;
+                if (testing::Test::HasFatalFailure()) return;
             }
         }
     }
@@ -122,4 +114,32 @@ TEST_P(FieldLines, FollowTheirOwnFieldInDeltaMode) {
     holdLines(Mode::delta, section.emitter, section.frame.head + section.frame.deltaTail);
     for (const FieldLine &line : section.lines)
         for (const LineValue &value : line.values) holdLines(Mode::delta, section.emitter, value.delta);
+}
+
+class FieldLineTest : public testing::Test {
+public:
+    FieldLineTest(const FieldLineSet &section, void (*follow)(const FieldLineSet &))
+        : section_(section), follow_(follow) {}
+
+private:
+    void TestBody() override { follow_(section_); }
+
+    const FieldLineSet section_;
+    void (*follow_)(const FieldLineSet &);
+};
+
+} // namespace
+
+void PrintTo(const FieldLineSet &set, std::ostream *out) { *out << set.emitter << ", " << set.name; }
+
+FieldLineSets::FieldLineSets(const char *area, const char *file, int line, const std::vector<FieldLineSet> &sets) {
+    const std::string suite = std::string(area) + "/FieldLines";
+    for (const FieldLineSet &set : sets) {
+        const auto add = [&](const std::string &name, void (*follow)(const FieldLineSet &)) {
+            registerTest(suite, name + "/" + set.name, testing::PrintToString(set), file, line,
+                         [set, follow] { return new FieldLineTest(set, follow); });
+        };
+        add("FollowTheirOwnFieldInFullMode", followInFullMode);
+        add("FollowTheirOwnFieldInDeltaMode", followInDeltaMode);
+    }
 }

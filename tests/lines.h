@@ -12,12 +12,12 @@
 #include <utility>
 
 struct LineValue {
-    std::function<void(ConfigImage &image)> store; ///< writes the whole of the line's fields
+    Setter<void(ConfigImage &image)> store; ///< writes the whole of the line's fields
     std::string full;
     std::string delta;
 
-    LineValue(std::function<void(ConfigImage &)> stored, std::string text) : LineValue(std::move(stored), text, text) {}
-    LineValue(std::function<void(ConfigImage &)> stored, std::string fullText, std::string deltaText)
+    LineValue(Setter<void(ConfigImage &)> stored, std::string text) : LineValue(std::move(stored), text, text) {}
+    LineValue(Setter<void(ConfigImage &)> stored, std::string fullText, std::string deltaText)
         : store(std::move(stored)), full(std::move(fullText)), delta(std::move(deltaText)) {}
 };
 
@@ -43,14 +43,14 @@ struct BlockFrame {
 struct FieldLineSet {
     const char *name;
     const char *emitter;
-    std::function<void(ConfigImage &image)> given; ///< what both images and the board hold besides; may be null
+    Setter<void(ConfigImage &image)> given; ///< what both images and the board hold besides; may be null
     BlockFrame frame;
     std::vector<FieldLine> lines;
 };
 
-/// Names a field of the image: `FIELD(poe.enabled)`.
+/// Names a field of the image: `FIELD(poe.enabled)`. A pointer, so that what is made of it depends on the type alone.
 #define FIELD(member)                                                                                                  \
-    [](ConfigImage & image) -> auto & { return image.member; }
+    +[](ConfigImage & image) -> auto & { return image.member; }
 
 /// What is stored in a field of one byte or of four to try an on/off setting.
 template <class Field> std::vector<std::uint32_t> storedFlags() {
@@ -191,9 +191,10 @@ inline Ipv6 mapped(const Ipv4 &address) {
 /// A failing set names its emitter.
 void PrintTo(const FieldLineSet &set, std::ostream *out);
 
-class FieldLines : public testing::TestWithParam<FieldLineSet> {};
-
-std::string linesName(const testing::TestParamInfo<FieldLineSet> &info);
+/// Registers a test in each mode of each set.
+struct FieldLineSets {
+    FieldLineSets(const char *area, const char *file, int line, const std::vector<FieldLineSet> &sets);
+};
 
 #define FIELD_LINES(area, ...)                                                                                         \
-    INSTANTIATE_TEST_SUITE_P(area, FieldLines, testing::ValuesIn(std::vector<FieldLineSet> __VA_ARGS__), linesName)
+    static const FieldLineSets linesOf##area(#area, __FILE__, __LINE__, std::vector<FieldLineSet> __VA_ARGS__)

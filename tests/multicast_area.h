@@ -26,11 +26,11 @@ constexpr std::size_t segmentsAt = 156712;
 constexpr std::size_t profilesAt = 174312;
 constexpr std::size_t filtersAt = 177432;
 
-inline auto igmp(std::function<void(IgmpSnooping &)> set) {
+inline auto igmp(Setter<void(IgmpSnooping &)> set) {
     return [set](ConfigImage &current, ConfigImage &) { set(current.igmp); };
 }
 /// The same settings in the default image alone.
-inline auto igmpDefault(std::function<void(IgmpSnooping &)> set) {
+inline auto igmpDefault(Setter<void(IgmpSnooping &)> set) {
     return [set](ConfigImage &, ConfigImage &defaults) { set(defaults.igmp); };
 }
 inline Given onBoard5027(const Given &given) {
@@ -58,7 +58,7 @@ inline void setSegment(MulticastSegment &segment, std::uint16_t id, const char *
     segment.last = {{233, 252, 0, 31}};
 }
 
-inline auto segmentChanged(std::function<void(MulticastSegment &)> change) {
+inline auto segmentChanged(Setter<void(MulticastSegment &)> change) {
     return [change](ConfigImage &current, ConfigImage &defaults) {
         setSegment(current.multicastSegments[0], 7, "news");
         setSegment(defaults.multicastSegments[0], 7, "news");
@@ -66,7 +66,7 @@ inline auto segmentChanged(std::function<void(MulticastSegment &)> change) {
     };
 }
 
-inline auto profileChanged(std::function<void(MulticastProfile &)> change) {
+inline auto profileChanged(Setter<void(MulticastProfile &)> change) {
     return [change](ConfigImage &current, ConfigImage &defaults) {
         for (ConfigImage *image : {&current, &defaults}) {
             MulticastProfile &profile = image->multicastProfiles[0];
@@ -89,7 +89,7 @@ inline void quietFilters(PortFilters &filters) {
 
 /// Quiet ports in both images, then what `set` and `setDefault` set.
 inline auto filters(
-    std::function<void(PortFilter *)> set, std::function<void(PortFilter *)> setDefault = [](PortFilter *) {}) {
+    Setter<void(PortFilter *)> set, Setter<void(PortFilter *)> setDefault = [](PortFilter *) {}) {
     return [set, setDefault](ConfigImage &current, ConfigImage &defaults) {
         quietFilters(current.portFilters);
         quietFilters(defaults.portFilters);
@@ -113,7 +113,7 @@ inline std::string profileBlock(const std::string &list, const std::string &name
 }
 
 /// The same entry in both images, then a change of the current one.
-inline auto groupChanged(std::function<void(MulticastEntry &)> change) {
+inline auto groupChanged(Setter<void(MulticastEntry &)> change) {
     return [change](ConfigImage &current, ConfigImage &defaults) {
         for (ConfigImage *image : {&current, &defaults}) {
             MulticastEntry &entry = image->multicastTable[0];

@@ -29,16 +29,16 @@ void everythingOn(PoeConfig &config) {
     config.alarmThreshold = 80;
 }
 
-Given global(std::function<void(PoeConfig &)> set) {
+Given global(Setter<void(PoeConfig &)> set) {
     return withCapabilities(0x100, [set](ConfigImage &current, ConfigImage &) { set(current.poe); });
 }
-Given globalDefault(std::function<void(PoeConfig &)> set) {
+Given globalDefault(Setter<void(PoeConfig &)> set) {
     return withCapabilities(0x100, [set](ConfigImage &, ConfigImage &defaults) { set(defaults.poe); });
 }
 
 /// Ports with values that have no line, in both images, then what `set` and `setDefault` set.
 Given ports(
-    std::function<void(PoePort *)> set, std::function<void(PoePort *)> setDefault = [](PoePort *) {}) {
+    Setter<void(PoePort *)> set, Setter<void(PoePort *)> setDefault = [](PoePort *) {}) {
     return withCapabilities(0x100, [set, setDefault](ConfigImage &current, ConfigImage &defaults) {
         for (ConfigImage *image : {&current, &defaults})
             for (PoePort &port : image->poePorts) {

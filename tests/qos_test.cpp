@@ -19,7 +19,7 @@ constexpr std::size_t priorityAt = 128284;
 constexpr std::size_t remarkingAt = 129356;
 
 /// Values that have no line but the weights', then what `set` sets in the current image.
-auto onlyQueues(std::function<void(PriorityConfig &)> set) {
+auto onlyQueues(Setter<void(PriorityConfig &)> set) {
     return [set](ConfigImage &current, ConfigImage &defaults) {
         for (ConfigImage *image : {&current, &defaults}) {
             image->priority.mode = 5;
@@ -33,12 +33,12 @@ auto onlyQueues(std::function<void(PriorityConfig &)> set) {
 
 const std::string noWeights = "qos queue-weighted 0:0:0:0:0:0:0:0\n";
 
-auto onlyRemarking(std::function<void(Remarking &)> set) {
+auto onlyRemarking(Setter<void(Remarking &)> set) {
     return [set](ConfigImage &current, ConfigImage &) { set(current.remarking); };
 }
 
 /// Rates that are never written and limits on all ports, in both images; then what `set` sets in the current one.
-auto onlyRates(std::function<void(RateLimits &)> set) {
+auto onlyRates(Setter<void(RateLimits &)> set) {
     return [set](ConfigImage &current, ConfigImage &defaults) {
         for (ConfigImage *image : {&current, &defaults}) {
             for (be32 &rate : image->rateLimits.ingress) rate = 1;
@@ -53,7 +53,7 @@ auto onlyRates(std::function<void(RateLimits &)> set) {
 }
 
 /// Priorities that are never written, in both images; then what `set` sets in the current one.
-auto onlyPriorities(std::function<void(PriorityConfig &)> set) {
+auto onlyPriorities(Setter<void(PriorityConfig &)> set) {
     return [set](ConfigImage &current, ConfigImage &defaults) {
         for (ConfigImage *image : {&current, &defaults})
             for (u8 &priority : image->priority.userPriority) priority = 9;

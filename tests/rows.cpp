@@ -7,9 +7,11 @@
 #include <cstdio>
 #include <cstring>
 #include <fstream>
+#include <set>
 #include <sstream>
 #include <stdexcept>
 #include <unistd.h>
+#include <utility>
 
 void resetAll() {
     std::memset(static_cast<void *>(gSysConfig), 0, sizeof *gSysConfig);
@@ -32,7 +34,7 @@ void callStep(Mode mode, const char *emitter) {
     throw std::invalid_argument(std::string("no such step: ") + emitter);
 }
 
-std::string renderPage(Mode mode, const std::function<void(ConfigImage &, ConfigImage &)> &given) {
+std::string renderPage(Mode mode, const Setter<void(ConfigImage &, ConfigImage &)> &given) {
     resetAll();
     given(*gSysConfig, *gDefConfig);
     if (mode == Mode::full) convHtmlConfig();
@@ -65,20 +67,44 @@ void PrintTo(const Row &row, std::ostream *out) {
     *out << row.emitter << ", " << (row.mode == Mode::full ? "full" : "delta") << " mode: " << row.name;
 }
 
-std::string rowName(const testing::TestParamInfo<Row> &info) {
-    std::string name = info.param.name;
+namespace {
+
+std::string rowName(const Row &row) {
+    std::string name = row.name;
     for (char &character : name)
         if (std::isalnum(static_cast<unsigned char>(character)) == 0) character = '_';
-    return name + (info.param.mode == Mode::full ? "_full" : "_delta");
+    return name + (row.mode == Mode::full ? "_full" : "_delta");
 }
 
-TEST_P(Rows, Renders) {
-    const Row &row = GetParam();
-    resetAll();
-    row.given(*gSysConfig, *gDefConfig);
-    callStep(row.mode, row.emitter);
-    EXPECT_EQ(row.text, Temp_Configuration);
-    holdLines(row.mode, row.emitter, row.text);
-    EXPECT_EQ('\0', LineBuffer[0]);
-    EXPECT_FALSE(textOverflowed());
+class RowTest : public testing::Test {
+public:
+    explicit RowTest(const Row &row) : row_(row) {}
+
+private:
+    void TestBody() override {
+        resetAll();
+        row_.given(*gSysConfig, *gDefConfig);
+        callStep(row_.mode, row_.emitter);
+        EXPECT_EQ(row_.text, Temp_Configuration);
+        holdLines(row_.mode, row_.emitter, row_.text);
+        EXPECT_EQ('\0', LineBuffer[0]);
+        EXPECT_FALSE(textOverflowed());
+    }
+
+    const Row row_;
+};
+
+} // namespace
+
+void registerTest(const std::string &suite, const std::string &name, const std::string &parameter, const char *file,
+                  int line, std::function<testing::Test *()> make) {
+    static std::set<std::string> names;
+    if (!names.insert(suite + "." + name).second) throw std::invalid_argument("two tests are " + suite + "." + name);
+    testing::RegisterTest(suite.c_str(), name.c_str(), nullptr, parameter.c_str(), file, line, std::move(make));
+}
+
+RowSet::RowSet(const char *area, const char *file, int line, const std::vector<Row> &rows) {
+    for (const Row &row : rows)
+        registerTest(std::string(area) + "/Rows", "Renders/" + rowName(row), testing::PrintToString(row), file, line,
+                     [row] { return new RowTest(row); });
 }

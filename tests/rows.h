@@ -8,6 +8,7 @@
 #include "fake_platform.h"
 #include "platform/board.h"
 #include "platform/image.h"
+#include "setter.h"
 
 #include <gtest/gtest.h>
 
@@ -21,7 +22,7 @@ struct Row {
     const char *name;
     Mode mode;
     const char *emitter;
-    std::function<void(ConfigImage &current, ConfigImage &defaults)> given;
+    Setter<void(ConfigImage &current, ConfigImage &defaults)> given;
     std::string text;
 };
 
@@ -32,7 +33,7 @@ void resetAll();
 void callStep(Mode mode, const char *emitter);
 
 /// What the driver of `mode` writes for a store, from "configure" on.
-std::string renderPage(Mode mode, const std::function<void(ConfigImage &, ConfigImage &)> &given);
+std::string renderPage(Mode mode, const Setter<void(ConfigImage &, ConfigImage &)> &given);
 
 /// The file `name` below tests/golden.
 std::string golden(const std::string &name);
@@ -50,9 +51,15 @@ void holdLines(Mode mode, const char *emitter, const std::string &text);
 /// A failing row names its emitter.
 void PrintTo(const Row &row, std::ostream *out);
 
-class Rows : public testing::TestWithParam<Row> {};
+/// Registers a test. A failure prints `parameter`. Throws std::invalid_argument if there is such a test.
+void registerTest(const std::string &suite, const std::string &name, const std::string &parameter, const char *file,
+                  int line, std::function<testing::Test *()> make);
 
-std::string rowName(const testing::TestParamInfo<Row> &info);
+/// Registers a test of each row.
+struct RowSet {
+    RowSet(const char *area, const char *file, int line, const std::vector<Row> &rows);
+};
 
-/// The rows of an area: `ROWS(Layer2, vector of rows)`.
-#define ROWS(area, ...) INSTANTIATE_TEST_SUITE_P(area, Rows, testing::ValuesIn(std::vector<Row> __VA_ARGS__), rowName)
+/// The rows of an area: `ROWS(Layer2, vector of rows)`. They are registered by one function instead of by templates of
+/// GoogleTest in each file, which would take the compiler a second each.
+#define ROWS(area, ...) static const RowSet rowsOf##area(#area, __FILE__, __LINE__, std::vector<Row> __VA_ARGS__)

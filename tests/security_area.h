@@ -104,7 +104,7 @@ inline Set countedRule(std::int32_t number) {
 
 /// A valid rule of zeros.
 inline Set bareRule(
-    std::int32_t number, std::function<void(AclRule &)> set = [](AclRule &) {}) {
+    std::int32_t number, Setter<void(AclRule &)> set = [](AclRule &) {}) {
     return [=](ConfigImage &image) {
         image.acl[0].valid = 1;
         image.acl[0].number = number;
@@ -222,13 +222,13 @@ constexpr const char *bareIpv6Tail = "destination-ipv6 any \ndestination-l4-port
                                      "apply\nexit\n";
 
 /// A bare rule of IPv4 with a field that differs in delta mode, and the line that it gives.
-inline Row ruleRow(const char *name, std::function<void(AclRule &)> set, const char *line) {
+inline Row ruleRow(const char *name, Setter<void(AclRule &)> set, const char *line) {
     return {name, Mode::delta, acl, both(bareRule(1), bareRule(1, std::move(set))),
             std::string("acl 1\n") + line + "apply\nexit\n"};
 }
 
 /// A store whose 802.1X sections are the same but for what `set` sets in the current one.
-inline Given dot1xChange(std::function<void(Dot1xConfig &)> set) {
+inline Given dot1xChange(Setter<void(Dot1xConfig &)> set) {
     return both(
         [](ConfigImage &image) {
             image.dot1x.enabled = image.dot1x.reauthentication = 1;
@@ -239,11 +239,11 @@ inline Given dot1xChange(std::function<void(Dot1xConfig &)> set) {
         },
         [set](ConfigImage &image) { set(image.dot1x); });
 }
-inline Given dot1xOnly(std::function<void(Dot1xConfig &)> set) {
+inline Given dot1xOnly(Setter<void(Dot1xConfig &)> set) {
     return current([set](ConfigImage &image) { set(image.dot1x); });
 }
 
-inline Given dhcpOnly(std::function<void(DhcpSnooping &)> set) {
+inline Given dhcpOnly(Setter<void(DhcpSnooping &)> set) {
     return current([set](ConfigImage &image) { set(image.dhcpSnooping); });
 }
 inline Given servers(std::initializer_list<unsigned> ports) {
@@ -267,7 +267,7 @@ inline Row serverRow(const char *name, std::uint32_t board, std::initializer_lis
 }
 
 /// A store of four server addresses, the same in both images but for what `set` sets.
-inline Given serverChange(std::function<void(DhcpSnooping &)> set, std::function<void(DhcpSnooping &)> setDefault) {
+inline Given serverChange(Setter<void(DhcpSnooping &)> set, Setter<void(DhcpSnooping &)> setDefault) {
     return both(
         [](ConfigImage &image) {
             image.dhcpSnooping.servers[0] = mapped(192, 0, 2, 1);
@@ -408,14 +408,14 @@ const std::vector<CircuitRow> circuitRows = {
      "ip dhcp snooping circuit id x\nexit\n"},
 };
 
-inline Given portsOnly(std::function<void(DhcpSnoopingPorts &)> set) {
+inline Given portsOnly(Setter<void(DhcpSnoopingPorts &)> set) {
     return current([set](ConfigImage &image) { set(image.dhcpSnoopingPorts); });
 }
-inline Given circuits(std::function<void(CircuitIds &)> set) {
+inline Given circuits(Setter<void(CircuitIds &)> set) {
     return current([set](ConfigImage &image) { set(image.circuitIds); });
 }
 
-inline Given guardEntries(std::function<void(SourceGuardTable &)> set) {
+inline Given guardEntries(Setter<void(SourceGuardTable &)> set) {
     return current([set](ConfigImage &image) { set(image.sourceGuardTable); });
 }
 
@@ -431,10 +431,10 @@ inline void guardEntry(SourceGuardEntry &entry, Ipv4 address, Ipv6 addressIpv6, 
     entry.vlan = static_cast<std::uint16_t>(port + 100);
 }
 
-inline Given stormOnly(std::function<void(StormControl &)> set) {
+inline Given stormOnly(Setter<void(StormControl &)> set) {
     return current([set](ConfigImage &image) { set(image.storm); });
 }
-inline Given stormChange(std::function<void(StormControl &)> set) {
+inline Given stormChange(Setter<void(StormControl &)> set) {
     return both(
         [](ConfigImage &image) {
             image.storm.broadcast = image.storm.multicast = image.storm.unicast = 21;
@@ -459,7 +459,7 @@ inline Given allUplinks(u8 lastByte, u8 defaultLastByte) {
     };
 }
 
-inline Given limitOnly(std::function<void(MacLimit &)> set) {
+inline Given limitOnly(Setter<void(MacLimit &)> set) {
     return current([set](ConfigImage &image) { set(image.macLimit); });
 }
 

@@ -23,7 +23,7 @@ Community someCommunity(const char *name) {
 }
 
 /// One community, the same in both images, then a change of the current one.
-auto communityChanged(std::function<void(Community &)> change) {
+auto communityChanged(Setter<void(Community &)> change) {
     return [change](ConfigImage &current, ConfigImage &defaults) {
         current.communities[0] = defaults.communities[0] = someCommunity("public");
         change(current.communities[0]);
@@ -31,7 +31,7 @@ auto communityChanged(std::function<void(Community &)> change) {
 }
 
 /// A community in the current image alone.
-auto onlyCommunity(std::function<void(Community &)> change) {
+auto onlyCommunity(Setter<void(Community &)> change) {
     return [change](ConfigImage &current, ConfigImage &) {
         current.communities[0] = someCommunity("public");
         change(current.communities[0]);
@@ -50,7 +50,7 @@ TrapDestination someDestination() {
 constexpr Ipv6 someIpv6 = {{0x20, 0x01, 0x0d, 0xb8, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0x16}};
 
 /// Destination 3, the same in both images, then a change of the current one.
-auto destinationChanged(std::function<void(TrapDestination &)> change) {
+auto destinationChanged(Setter<void(TrapDestination &)> change) {
     return [change](ConfigImage &current, ConfigImage &defaults) {
         current.trapDestinations[2] = defaults.trapDestinations[2] = someDestination();
         change(current.trapDestinations[2]);
@@ -58,7 +58,7 @@ auto destinationChanged(std::function<void(TrapDestination &)> change) {
 }
 
 /// Destination 3 in the current image alone.
-auto onlyDestination(std::function<void(TrapDestination &)> change) {
+auto onlyDestination(Setter<void(TrapDestination &)> change) {
     return [change](ConfigImage &current, ConfigImage &) {
         current.trapDestinations[2] = someDestination();
         change(current.trapDestinations[2]);
@@ -81,7 +81,7 @@ void switchTraps(ConfigImage &image, bool on) {
 }
 
 /// All types on in the current image, and a change of it, on a board of the given hardware.
-auto allOnBut(std::uint32_t capabilities, std::function<void(ConfigImage &)> change) {
+auto allOnBut(std::uint32_t capabilities, Setter<void(ConfigImage &)> change) {
     return [=](ConfigImage &current, ConfigImage &) {
         g_EEPROM.capabilities = capabilities;
         switchTraps(current, true);
@@ -89,7 +89,7 @@ auto allOnBut(std::uint32_t capabilities, std::function<void(ConfigImage &)> cha
     };
 }
 /// All types off in the current image, and a change of it.
-auto allOffBut(std::uint32_t capabilities, std::function<void(ConfigImage &)> change) {
+auto allOffBut(std::uint32_t capabilities, Setter<void(ConfigImage &)> change) {
     return [=](ConfigImage &current, ConfigImage &) {
         g_EEPROM.capabilities = capabilities;
         change(current);
@@ -97,7 +97,7 @@ auto allOffBut(std::uint32_t capabilities, std::function<void(ConfigImage &)> ch
 }
 
 /// Half of the types on in both images, so that neither "all" line applies, and a change of the current one.
-auto trapsChanged(std::uint32_t capabilities, std::function<void(ConfigImage &)> change) {
+auto trapsChanged(std::uint32_t capabilities, Setter<void(ConfigImage &)> change) {
     return [=](ConfigImage &current, ConfigImage &defaults) {
         g_EEPROM.capabilities = capabilities;
         for (ConfigImage *image : {&current, &defaults})

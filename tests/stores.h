@@ -9,9 +9,9 @@
 #include <cstdint>
 #include <utility>
 
-using Given = std::function<void(ConfigImage &current, ConfigImage &defaults)>;
+using Given = Setter<void(ConfigImage &current, ConfigImage &defaults)>;
 /// Sets fields of one image.
-using Set = std::function<void(ConfigImage &image)>;
+using Set = Setter<void(ConfigImage &image)>;
 
 inline void nothing(ConfigImage &, ConfigImage &) {}
 

@@ -149,14 +149,14 @@ inline TimeRange someRange() {
     return range;
 }
 /// The second range, the same in both images, then a change of the current one.
-inline auto rangeChanged(std::function<void(TimeRange &)> change) {
+inline auto rangeChanged(Setter<void(TimeRange &)> change) {
     return [change](ConfigImage &current, ConfigImage &defaults) {
         current.timeRanges[1] = defaults.timeRanges[1] = someRange();
         change(current.timeRanges[1]);
     };
 }
 /// A range with a name and what `set` sets in the current image alone.
-inline auto onlyRange(std::function<void(TimeRange &)> set) {
+inline auto onlyRange(Setter<void(TimeRange &)> set) {
     return [set](ConfigImage &current, ConfigImage &) {
         current.timeRanges[0].name = "range";
         set(current.timeRanges[0]);

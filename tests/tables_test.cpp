@@ -17,7 +17,7 @@ struct Table {
     unsigned count;
     std::size_t flag;                                                ///< in the entry
     std::size_t flagSize;                                            ///< of one byte or of four; 0 if a name decides
-    std::function<void(ConfigImage &image, unsigned index)> compose; ///< an entry that is in use
+    Setter<void(ConfigImage &image, unsigned index)> compose; ///< an entry that is in use
     std::string full;                  ///< the text of the one entry; # is its number from 1
     std::string delta;                 ///< the same, where the default image has none
     std::string removal = {};          ///< the text if only the default image has it

@@ -27,7 +27,7 @@ User someUser(const char *name) {
 }
 
 /// One account, the same in both images, then a change of the current one.
-auto userChanged(std::function<void(User &)> change) {
+auto userChanged(Setter<void(User &)> change) {
     return [change](ConfigImage &current, ConfigImage &defaults) {
         current.users[0] = defaults.users[0] = someUser("admin");
         change(current.users[0]);
@@ -35,7 +35,7 @@ auto userChanged(std::function<void(User &)> change) {
 }
 
 /// The same with a platform that keeps passwords as MD5 and turns them into "made of " and the password.
-auto userChangedMd5(std::function<void(User &)> change) {
+auto userChangedMd5(Setter<void(User &)> change) {
     return [change](ConfigImage &current, ConfigImage &defaults) {
         platform.passwordMethod = 1;
         platform.md5 = [](const char *password, char *md5) {
@@ -48,7 +48,7 @@ auto userChangedMd5(std::function<void(User &)> change) {
 }
 
 /// An account in the current image alone.
-auto onlyUser(std::function<void(User &)> change) {
+auto onlyUser(Setter<void(User &)> change) {
     return [change](ConfigImage &current, ConfigImage &) {
         current.users[0] = someUser("admin");
         change(current.users[0]);

@@ -160,18 +160,18 @@ Given &given() {
 /// Bytes that look random, as many as an image has; others for each seed and record.
 const std::uint8_t *noiseOf(std::size_t seed, int record) {
     constexpr std::size_t apart = 331;
-    static const auto bytes = [] {
-        std::array<std::uint8_t, sizeof(ConfigImage) + 256 * 3 * apart> all;
-        std::uint32_t noise = 2654435761U;
-        for (std::uint8_t &byte : all) {
+    static std::uint8_t bytes[sizeof(ConfigImage) + 256 * 3 * apart];
+    static std::uint32_t noise = 0;
+    if (noise == 0) {
+        noise = 2654435761U;
+        for (std::uint8_t &byte : bytes) {
             noise ^= noise << 13;
             noise ^= noise >> 17;
             noise ^= noise << 5;
             byte = static_cast<std::uint8_t>(noise >> 11);
         }
-        return all;
-    }();
-    return bytes.data() + (seed * 3 + static_cast<std::size_t>(record)) * apart;
+    }
+    return bytes + (seed * 3 + static_cast<std::size_t>(record)) * apart;
 }
 
 void patch(Input &input) {
