@@ -619,6 +619,7 @@ std::vector<FieldCoverage> coverageOfImage(std::size_t every, std::size_t first)
             return word == "written" && misses ? std::string("partly") : word;
         };
         std::vector<FieldCoverage> ofEntries;
+        ofEntries.reserve(entries.size());
         for (const Tried *const tried : entries)
             ofEntries.push_back(
                 {tried->leaf.path(), cellOf(*tried, fullWord), cellOf(*tried, deltaOf), tried->leaf.isReserved()});

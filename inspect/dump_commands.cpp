@@ -169,7 +169,7 @@ private:
         Mode mode;
         bool ofDefaults;
         std::string literal;
-        friend auto operator<=>(const Line &, const Line &) = default;
+        friend auto operator<=>(const Line &, const Line &) = default; // NOLINT(modernize-use-nullptr): its 0 is not ours
     };
     using Lines = std::map<Line, std::set<std::string>>;
 

@@ -159,8 +159,8 @@ void compareLists(const std::vector<Compared> &a, const std::vector<Compared> &b
     std::vector<int> farthest(2 * middle + 1, 0);
     std::vector<std::vector<int>> history;
     const auto stepsDown = [](const std::vector<int> &of, int k, int edits) {
-        const std::size_t at = static_cast<std::size_t>(k + middle);
-        return k == -edits || (k != edits && of[at - 1] < of[at + 1]);
+        const auto at = of.begin() + middle + k;
+        return k == -edits || (k != edits && at[-1] < at[1]);
     };
     int edits = 0;
     for (bool arrived = false; !arrived; ++edits) {
@@ -171,10 +171,10 @@ void compareLists(const std::vector<Compared> &a, const std::vector<Compared> &b
         }
         history.push_back(farthest);
         for (int k = -edits; k <= edits && !arrived; k += 2) {
-            const std::size_t at = static_cast<std::size_t>(k + middle);
-            int x = edits == 0 ? 0 : stepsDown(farthest, k, edits) ? farthest[at + 1] : farthest[at - 1] + 1;
+            const auto at = farthest.begin() + middle + k;
+            int x = edits == 0 ? 0 : stepsDown(farthest, k, edits) ? at[1] : at[-1] + 1;
             while (x < n && x - k < m && x - k >= 0 && same(x, x - k)) ++x;
-            farthest[at] = x;
+            *at = x;
             arrived = x >= n && x - k >= m;
         }
     }
@@ -185,7 +185,7 @@ void compareLists(const std::vector<Compared> &a, const std::vector<Compared> &b
         const int k = x - y;
         const bool down = stepsDown(before, k, edits);
         const int from = down ? k + 1 : k - 1;
-        const int fromX = before[static_cast<std::size_t>(from + middle)];
+        const int fromX = before.begin()[middle + from];
         if (down) come.push_back(static_cast<std::size_t>(fromX - from));
         else gone.push_back(static_cast<std::size_t>(fromX));
         x = fromX;

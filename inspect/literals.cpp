@@ -122,7 +122,7 @@ void findDefinitions(const std::vector<Token> &tokens, std::size_t at, std::size
             findDefinitions(tokens, open + 1, after - 1, definitions);
         } else if (!isValue && name != 0) {
             std::string whole = tokens[name].text;
-            if (tokens[name - 1].is(":") && tokens[name - 2].is(":")) whole = tokens[name - 3].text + "::" + whole;
+            if (tokens[name - 1].is(":") && tokens[name - 2].is(":")) whole.insert(0, tokens[name - 3].text + "::");
             definitions.push_back({std::move(whole), open, after});
         }
         at = after;
