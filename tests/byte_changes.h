@@ -86,6 +86,7 @@ using ChangedTexts = std::multimap<std::size_t, std::string>;
 inline ChangedTexts changedTexts(Mode mode, const char *emitter, const Given &given, Image image, const Places &within,
                                  const Changes &changes) {
     const std::string unchanged = textOfStep(mode, emitter, given);
+    const order::Call call = stepOf(mode, emitter);
     u8 *const bytes = reinterpret_cast<u8 *>(image == Image::current ? gSysConfig : gDefConfig);
     ChangedTexts texts;
     for (const std::size_t offset : within) {
@@ -93,7 +94,7 @@ inline ChangedTexts changedTexts(Mode mode, const char *emitter, const Given &gi
         for (const u8 bits : changes) {
             bytes[offset] ^= bits;
             clearText();
-            callStep(mode, emitter);
+            call();
             bytes[offset] = stored;
             if (unchanged != Temp_Configuration) texts.emplace(offset, Temp_Configuration);
         }

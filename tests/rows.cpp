@@ -1,7 +1,6 @@
 #include "rows.h"
 
 #include "app/drivers.h"
-#include "app/order.h"
 
 #include <cctype>
 #include <cstdio>
@@ -23,16 +22,17 @@ void resetAll() {
     platform.reset();
 }
 
-void callStep(Mode mode, const char *emitter) {
+order::Call stepOf(Mode mode, const char *emitter) {
     for (const order::Step &step : order::steps) {
         if (step.emitter != emitter) continue;
         const auto call = mode == Mode::full ? step.full : step.delta;
         if (!call) throw std::invalid_argument(std::string("no such step in this mode: ") + emitter);
-        call();
-        return;
+        return call;
     }
     throw std::invalid_argument(std::string("no such step: ") + emitter);
 }
+
+void callStep(Mode mode, const char *emitter) { stepOf(mode, emitter)(); }
 
 std::string renderPage(Mode mode, const Setter<void(ConfigImage &, ConfigImage &)> &given) {
     resetAll();

@@ -4,6 +4,7 @@
 /// store is composed on the typed record, on zero images and a zero board.
 #pragma once
 
+#include "app/order.h"
 #include "app/text/text.h"
 #include "fake_platform.h"
 #include "platform/board.h"
@@ -29,7 +30,9 @@ struct Row {
 /// Zero images, a zero board, an empty text, a platform as it is before each test.
 void resetAll();
 
-/// Calls the emitter's step of the order table in `mode`.
+/// The emitter's step of the order table in `mode`. Throws std::invalid_argument if there is none.
+order::Call stepOf(Mode mode, const char *emitter);
+/// Calls it.
 void callStep(Mode mode, const char *emitter);
 
 /// What the driver of `mode` writes for a store, from "configure" on.

@@ -128,7 +128,10 @@ TEST_F(Secrets, AreInNoOutputOfAnyCommand) {
             const bool tries = command == "explain" || command == "annotate";
             for (const std::vector<std::string> &named : records) {
                 if ((tries || shareOf(2) == 1) && &named != std::begin(records)) break;
-                for (unsigned chosen = 0; chosen < 1U << flags.size(); ++chosen) {
+                // All sets of flags, or none and all where the machine is slow.
+                const unsigned last = (1U << flags.size()) - 1;
+                const unsigned apart = shareOf(2) == 1 && last > 1 ? last : 1;
+                for (unsigned chosen = 0; chosen <= last; chosen += apart) {
                     std::vector<std::string> words = {command, named[0]};
                     // What is no second record may be a pattern, which is a chance of its own.
                     if (command == "explain") words.emplace_back("/ secret /");
