@@ -169,7 +169,8 @@ private:
         Mode mode;
         bool ofDefaults;
         std::string literal;
-        friend auto operator<=>(const Line &, const Line &) = default; // NOLINT(modernize-use-nullptr): its 0 is not ours
+        // NOLINTNEXTLINE(modernize-use-nullptr): the compiler writes it
+        friend auto operator<=>(const Line &, const Line &) = default;
     };
     using Lines = std::map<Line, std::set<std::string>>;
 

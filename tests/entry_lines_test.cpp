@@ -326,9 +326,8 @@ FIELD_LINES(TimeRanges, ({timeRange("First", 0), timeRange("Last", 9)}));
 // -------------------------------------------------------------------------------------------------------- access rules
 
 /// A field that a rule can match, off and on. Whether it takes part decides in delta mode, not what it is.
-FieldLine match(std::size_t index, AclMatch::Bit bit, const Setter<void(AclRule &)> &store,
-                const std::string &any, const std::string &deltaAny, const std::string &text,
-                const std::string &deltaText) {
+FieldLine match(std::size_t index, AclMatch::Bit bit, const Setter<void(AclRule &)> &store, const std::string &any,
+                const std::string &deltaAny, const std::string &text, const std::string &deltaText) {
     return {{[=](ConfigImage &image) { image.acl[index].match.clear(bit); }, any, deltaAny},
             {[=](ConfigImage &image) {
                  image.acl[index].match.set(bit);
@@ -336,8 +335,8 @@ FieldLine match(std::size_t index, AclMatch::Bit bit, const Setter<void(AclRule 
              },
              text, deltaText}};
 }
-FieldLine match(std::size_t index, AclMatch::Bit bit, const Setter<void(AclRule &)> &store,
-                const std::string &keyword, const std::string &text) {
+FieldLine match(std::size_t index, AclMatch::Bit bit, const Setter<void(AclRule &)> &store, const std::string &keyword,
+                const std::string &text) {
     return match(index, bit, store, keyword + " any \n", keyword + " any\n", text, text);
 }
 

@@ -50,7 +50,9 @@ struct FieldLineSet {
 
 /// Names a field of the image: `FIELD(poe.enabled)`. A pointer, so that what is made of it depends on the type alone.
 #define FIELD(member)                                                                                                  \
-    +[](ConfigImage & image) -> auto & { return image.member; }
+    +[](ConfigImage & image) -> auto & {                                                                               \
+        return image.member;                                                                                           \
+    }
 
 /// What is stored in a field of one byte or of four to try an on/off setting.
 template <class Field> std::vector<std::uint32_t> storedFlags() {

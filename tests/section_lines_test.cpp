@@ -358,8 +358,7 @@ FIELD_LINES(Archive, ({archive("Servers", archivePath(archiveServers())), archiv
                        archive("Ipv6Server1", ipv6Archive(1)), archive("Ipv6Server2", ipv6Archive(2)),
                        archive("Ipv6Server128", ipv6Archive(0x80))}));
 
-FieldLine secret(const std::string &prefix, Setter<void(ConfigImage &, const char *)> store,
-                 std::size_t compared) {
+FieldLine secret(const std::string &prefix, Setter<void(ConfigImage &, const char *)> store, std::size_t compared) {
     FieldLine line({});
     for (const std::string &stored :
          {std::string(), std::string("s"), letters(compared - 1), letters(compared - 1) + "!", letters(compared)})

@@ -29,8 +29,8 @@ public:
     Setter() = default;
     Setter(std::nullptr_t) {}
     template <class Function>
-        requires(!std::is_same_v<std::remove_cvref_t<Function>, Setter>)
-    Setter(Function set) : held_(new Holder<Function>(static_cast<Function &&>(set))) {}
+    requires(!std::is_same_v<std::remove_cvref_t<Function>, Setter>) Setter(Function set)
+        : held_(new Holder<Function>(static_cast<Function &&>(set))) {}
 
     Setter(const Setter &other) : held_(other.held_) {
         if (held_) ++held_->users;

@@ -15,12 +15,12 @@ struct Table {
     std::size_t first;  ///< of the first entry in the image
     std::size_t stride; ///< from an entry to the next
     unsigned count;
-    std::size_t flag;                                                ///< in the entry
-    std::size_t flagSize;                                            ///< of one byte or of four; 0 if a name decides
+    std::size_t flag;                                         ///< in the entry
+    std::size_t flagSize;                                     ///< of one byte or of four; 0 if a name decides
     Setter<void(ConfigImage &image, unsigned index)> compose; ///< an entry that is in use
-    std::string full;                  ///< the text of the one entry; # is its number from 1
-    std::string delta;                 ///< the same, where the default image has none
-    std::string removal = {};          ///< the text if only the default image has it
+    std::string full;                                         ///< the text of the one entry; # is its number from 1
+    std::string delta;                                        ///< the same, where the default image has none
+    std::string removal = {};                                 ///< the text if only the default image has it
     bool deltaRemovesOneAlone = false; ///< delta mode removes what is stored as 1 and nothing else
     std::string besides = {};          ///< what full mode writes after it, whatever the table holds
 };
