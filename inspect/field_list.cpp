@@ -1,306 +1,15 @@
-/// The list of all fields. Places and types are the compiler's; this adds what the bytes mean to a reader.
-#include "inspect/fields.h"
+/// The list of all fields: what their bytes mean to a reader.
+#include "inspect/field_description.h"
+#include "inspect/field_list_management.h"
+#include "inspect/field_words.h"
 
 #include "format/port_list.h"
 
 #include <iterator>
 
 namespace inspect {
-namespace {
-
-// ----------------------------------------------------------------------------------------------- how a field is built
-
-/// The fields of a record, one specialisation each.
-template <class Struct> struct FieldsOf;
-
-template <class Struct> consteval Record recordWith();
-template <class Struct> inline constexpr Record recordType = recordWith<Struct>();
-
-/// A field whose description is completed by calls that follow each other.
-struct Description : Field {
-    template <class Change> constexpr Description with(Change change) const {
-        Description changed = *this;
-        change(changed);
-        return changed;
-    }
-
-    constexpr Description flag() const {
-        return with([](Field &f) { f.kind = Kind::flag; });
-    }
-    /// Numbers that each have a word; what all others mean, where they mean something.
-    template <std::size_t Count>
-    constexpr Description codes(const Word (&table)[Count], const char *others = nullptr) const {
-        return with([&](Field &f) { f.kind = Kind::code, f.words = table, f.otherwise = others; });
-    }
-    /// Codes whose words another part of the program knows.
-    constexpr Description codes(const char *(*wordsOf)(std::uint32_t), std::uint32_t known) const {
-        return with([&](Field &f) { f.kind = Kind::code, f.wordOf = wordsOf, f.wordCount = known; });
-    }
-    /// A number of which some values are special.
-    template <std::size_t Count> constexpr Description special(const Word (&table)[Count]) const {
-        return with([&](Field &f) { f.words = table; });
-    }
-    constexpr Description port() const {
-        return with([](Field &f) { f.kind = Kind::portNumber; });
-    }
-    constexpr Description vlan() const {
-        return with([](Field &f) { f.kind = Kind::vlanId; });
-    }
-    constexpr Description ports() const {
-        return with([](Field &f) { f.members = Members::ports; });
-    }
-    constexpr Description vlans() const {
-        return with([](Field &f) { f.members = Members::vlans; });
-    }
-    /// A set of bits that have names. A number can be one too.
-    template <std::size_t Count> constexpr Description bits(const Word (&table)[Count]) const {
-        return with([&](Field &f) {
-            f.isWord = f.kind != Kind::bits;
-            f.kind = Kind::bits, f.members = Members::named, f.words = table;
-        });
-    }
-    /// An array of bytes that is one value.
-    constexpr Description bytes() const {
-        return with([](Field &f) { f.kind = Kind::bytes, f.size *= f.count, f.count = 0; });
-    }
-    /// Number of the first entry.
-    constexpr Description from(int number) const {
-        return with([=](Field &f) { f.firstIndex = number; });
-    }
-    constexpr Description unit(const char *text) const {
-        return with([=](Field &f) { f.unit = text; });
-    }
-    constexpr Description note(const char *text) const {
-        return with([=](Field &f) { f.note = text; });
-    }
-    constexpr Description compared(const char *text) const {
-        return with([=](Field &f) { f.comparedOnly = true, f.note = text; });
-    }
-    /// The set, a member of the same record, that says which entries are in use.
-    constexpr Description usedAsIn(std::string_view set) const {
-        return with([=](Field &f) { f.inUse = set; });
-    }
-};
-
-/// How a type of `platform/record.h` is stored, and what it holds unless the list says more.
-template <class Type> struct Stored {
-    static constexpr std::string_view name = FieldsOf<Type>::type;
-    static constexpr Kind kind = Kind::record;
-};
-#define STORED(Type, text, what)                                                                                       \
-    template <> struct Stored<Type> {                                                                                  \
-        static constexpr std::string_view name = text;                                                                 \
-        static constexpr Kind kind = Kind::what;                                                                       \
-    };
-STORED(u8, "u8", number)
-STORED(i8, "i8", number)
-STORED(be16, "be16", number)
-STORED(be32, "be32", number)
-STORED(be_i32, "be_i32", number)
-STORED(Mac, "MAC", mac)
-STORED(Ipv4, "IPv4", ipv4)
-STORED(Ipv6, "IPv6", ipv6)
-#undef STORED
-// NOLINTBEGIN(bugprone-macro-parentheses): a name of a type
-#define STORED(Type, text, what)                                                                                       \
-    template <std::size_t N> struct Stored<Type<N>> {                                                                  \
-        static constexpr std::string_view name = text;                                                                 \
-        static constexpr Kind kind = Kind::what;                                                                       \
-    };
-// NOLINTEND(bugprone-macro-parentheses)
-STORED(Text, "text", text)
-STORED(Secret, "secret", secret)
-STORED(Bitmap, "bitmap", bits)
-STORED(Reserved, "reserved", reserved)
-#undef STORED
-
-template <class Member> constexpr Description describe(std::string_view name, std::size_t offset) {
-    using Entry = std::remove_extent_t<Member>;
-    Description field = {};
-    field.name = name;
-    field.offset = offset;
-    field.size = sizeof(Entry);
-    field.count = std::extent_v<Member>;
-    field.type = Stored<Entry>::name;
-    field.kind = Stored<Entry>::kind;
-    field.isSigned = std::is_same_v<Entry, i8> || std::is_same_v<Entry, be_i32>;
-    if constexpr (Stored<Entry>::kind == Kind::record) field.record = &recordType<Entry>;
-    return field;
-}
-
-/// The fields follow each other from the record's first byte to its last. Arrays are numbered, and what tells of use is
-/// there.
-consteval bool isWhole(std::span<const Field> fields, std::size_t size) {
-    std::size_t end = 0;
-    for (const Field &field : fields) {
-        if (field.offset != end || field.size == 0) return false;
-        if ((field.count != 0) != (field.firstIndex >= 0)) return false;
-        if (!field.inUse.empty()) {
-            bool found = false;
-            for (const Field &other : fields) found = found || (other.name == field.inUse && other.kind == Kind::bits);
-            if (!found) return false;
-        }
-        end += field.bytes();
-    }
-    return end == size;
-}
-
-template <class Struct> consteval Record recordWith() {
-    using Fields = FieldsOf<Struct>;
-    static_assert(isWhole(Fields::list, sizeof(Struct)), "the list of fields has a gap, an overlap or no numbering");
-    Record result = {Fields::type, sizeof(Struct), Fields::list, nullptr};
-    for (const Field &field : Fields::list)
-        if (field.name == Fields::inUse) result.inUse = &field;
-    return result;
-}
-
-// ------------------------------------------------------------------------------------------------------ words of codes
-
-constexpr Word offOn[] = {{0, "off"}, {1, "on"}};
-constexpr Word daylightSavings[] = {{0, "off"}, {1, "recurring"}};
-constexpr Word dhcpv6Modes[] = {{1, "auto"}, {2, "force"}};
-constexpr Word remoteLogins[] = {{0, "none"}, {1, "telnet"}, {2, "ssh"}};
-constexpr Word userLevels[] = {{1, "read-only"}, {2, "read-write"}, {3, "admin"}};
-constexpr Word communityLevels[] = {{0, "not set"}, {1, "read-only"}, {2, "read-write"}, {3, "admin"}};
-constexpr Word administrativeStates[] = {{0, "enabled"}, {1, "shut down"}};
-constexpr Word mediaTypes[] = {{0, "none"}, {1, "SFP"}};
-constexpr Word speeds[] = {{0, "10 Mb/s"}, {1, "100 Mb/s"}, {2, "1000 Mb/s"}, {3, "automatic"}};
-constexpr Word duplexes[] = {{0, "not forced to full duplex"}, {1, "full duplex"}};
-constexpr Word vlanModes[] = {
-    {1, "port-based"}, {2, "802.1Q"}, {3, "802.1Q with isolation"}, {4, "QinQ bypassing the customer tag"}};
-constexpr Word vlanPortModes[] = {{0, "access"}, {1, "trunk"}, {2, "trunk native"}, {3, "dot1q-tunnel"}};
-constexpr Word lacpRoles[] = {{0, "none"}, {1, "active"}};
-constexpr Word learning[] = {{0, "on"}, {1, "off"}};
-constexpr Word noLimit[] = {{0, "no limit"}};
-constexpr Word none[] = {{0, "none"}};
-constexpr Word emptySlot[] = {{0, "empty slot"}};
-constexpr Word qosModes[] = {{0, "none"}, {1, "port-based"}, {2, "802.1p"}, {3, "DSCP"}, {4, "VLAN id"}};
-constexpr Word queuingModes[] = {{0, "weighted"}, {1, "none"}};
-constexpr Word dscpModes[] = {{0, "off"}, {1, "by DSCP"}, {2, "by port"}};
-constexpr Word stpVersions[] = {{1, "normal"}};
-constexpr Word pointToPoint[] = {{0, "forced true"}, {1, "forced false"}, {2, "auto"}};
-constexpr Word noYes[] = {{0, "no"}, {1, "yes"}};
-constexpr Word trusts[] = {{0, "untrusted"}, {1, "trusted"}};
-constexpr Word sourceGuards[] = {{0, "fixed IP"}, {1, "DHCP"}, {2, "off"}};
-constexpr Word portControls[] = {{0, "auto"}, {1, "none"}, {2, "unauthorized"}};
-constexpr Word budgetModes[] = {{0, "class"}};
-constexpr Word aclActions[] = {{1, "permit"}, {2, "copy to mirror"}, {3, "redirect"}};
-constexpr Word poePriorities[] = {{0, "critical"}, {1, "high"}, {2, "low"}};
-constexpr Word backupProtocols[] = {{1, "FTP"}};
-constexpr Word encryptions[] = {{0, "none"}, {1, "md5"}};
-constexpr Word weekdays[] = {{0, "sun"}, {1, "mon"}, {2, "tue"}, {3, "wed"}, {4, "thu"}, {5, "fri"}, {6, "sat"}};
-constexpr Word matchFields[] = {
-    {AclMatch::ingressPort, "ingress-port"},
-    {AclMatch::vlanId, "vlan"},
-    {AclMatch::sourceMac, "source-mac"},
-    {AclMatch::destinationMac, "destination-mac"},
-    {AclMatch::etherType, "ethertype"},
-    {AclMatch::tos, "tos"},
-    {AclMatch::protocol, "protocol"},
-    {AclMatch::sourceL4Port, "source-l4-port"},
-    {AclMatch::destinationL4Port, "destination-l4-port"},
-    {AclMatch::sourceIpv4, "source-ipv4"},
-    {AclMatch::destinationIpv4, "destination-ipv4"},
-    {AclMatch::sourceIpv6, "source-ipv6"},
-    {AclMatch::destinationIpv6, "destination-ipv6"},
-};
-constexpr Word capabilities[] = {{4, "battery (0x10)"}, {6, "battery (0x40)"}, {8, "PoE"}};
-constexpr std::uint32_t stormRates = 22;
-
-// ----------------------------------------------------------------------------------------------------------- the lists
-
-#define FIELDS_OF(Struct, used)                                                                                        \
-    template <> struct FieldsOf<Struct> {                                                                              \
-        using Type = Struct;                                                                                           \
-        static constexpr std::string_view type = #Struct;                                                              \
-        static constexpr std::string_view inUse = used;                                                                \
-        static const Field list[];                                                                                     \
-    };                                                                                                                 \
-    constexpr Field FieldsOf<Struct>::list[]
-#define F(member) describe<decltype(Type::member)>(#member, offsetof(Type, member))
 
 // clang-format off
-FIELDS_OF(TimeConfig, "") = {
-    F(ntpEnabled).flag(),
-    F(syncInterval),
-    F(server1),
-    F(reserved12),
-    F(server2),
-    F(reserved77),
-    F(timeZone),
-    F(reserved176),
-    F(daylightSaving).codes(daylightSavings, "by date"),
-    F(offset),
-    F(server1Ipv6),
-    F(reserved232),
-    F(server2Ipv6),
-    F(reserved297),
-};
-
-FIELDS_OF(Ipv4Interface, "") = {
-    F(enabled).flag(),
-    F(address),
-    F(mask),
-    F(gateway),
-    F(reserved13),
-    F(dhcpMode).codes(offOn),
-    F(reserved20),
-};
-
-FIELDS_OF(Ipv6Interface, "") = {
-    F(enabled).flag(),
-    F(autoconfiguration).flag(),
-    F(dhcpMode).codes(dhcpv6Modes, "off"),
-    F(rapidCommit).flag(),
-    F(linkLocal),
-    F(linkLocalPrefixLength),
-    F(global),
-    F(globalPrefixLength),
-    F(gateway),
-    F(reserved54),
-};
-
-FIELDS_OF(CompanyInfo, "") = {
-    F(companyName),
-    F(systemContact),
-    F(systemName),
-    F(systemLocation),
-    F(hostName),
-    F(dhcpVendorId),
-};
-
-FIELDS_OF(ServiceConfig, "") = {
-    F(reserved0),
-    F(remoteLogin).codes(remoteLogins),
-    F(reserved8),
-    F(snmpEnabled).flag(),
-    F(webEnabled).flag(),
-    F(reserved11),
-};
-
-FIELDS_OF(ConsoleConfig, "") = {
-    F(reserved0),
-    F(telnetPort),
-    F(reserved8),
-    F(timeout).unit("minutes where timeoutInMinutes is on"),
-    F(reserved16),
-    F(timeoutInMinutes).flag(),
-    F(webTimeout),
-    F(reserved52),
-};
-
-FIELDS_OF(User, "inUse") = {
-    F(active).flag(),
-    F(inUse).flag(),
-    F(reserved2),
-    F(name),
-    F(password),
-    F(passwordMd5),
-    F(description),
-    F(level).codes(userLevels),
-    F(reserved125),
-};
-
 FIELDS_OF(PortSettings, "") = {
     F(administrativeState).codes(administrativeStates),
     F(mediaType).codes(mediaTypes),
@@ -438,42 +147,6 @@ FIELDS_OF(SwitchConfig, "") = {
     F(reserved56),
 };
 
-FIELDS_OF(Community, "inUse") = {
-    F(inUse).flag(),
-    F(active).flag(),
-    F(name),
-    F(description),
-    F(level).codes(communityLevels),
-    F(reserved84),
-};
-
-FIELDS_OF(TrapDestination, "inUse") = {
-    F(inUse).flag(),
-    F(active).flag(),
-    F(community),
-    F(address),
-    F(addressIpv6),
-    F(reserved46),
-};
-
-FIELDS_OF(TrapConfig, "") = {
-    F(coldStart).flag(),
-    F(warmStart).flag(),
-    F(authFail).flag(),
-    F(reserved3),
-    F(portLink).note("bit 0 alone decides"),
-    F(caseFan).flag(),
-    F(reserved25),
-    F(batteryMode).flag(),
-    F(reserved28),
-    F(cpuLoad).flag(),
-    F(reserved31),
-    F(macLimit).flag(),
-    F(stormControl).flag(),
-    F(autoBackup).flag(),
-    F(reserved39),
-};
-
 FIELDS_OF(QueueWeights, "") = {
     F(weight).from(0),
     F(following).bytes().compared("no line; a difference makes delta mode write the queue weights"),
@@ -545,25 +218,6 @@ FIELDS_OF(IgmpVlans, "") = {
     F(reserved513),
     F(vlan).from(0).usedAsIn("inUse"),
     F(reserved16894),
-};
-
-FIELDS_OF(LogConfig, "") = {
-    F(enabled).flag(),
-    F(reserved1),
-    F(server).from(1),
-    F(reserved14),
-    F(serverIpv6).from(1),
-    F(reserved68),
-};
-
-FIELDS_OF(AuthenticationClient, "") = {
-    F(enabled).flag(),
-    F(secret),
-    F(port),
-    F(retryTime),
-    F(server).from(1),
-    F(serverIpv6).from(1),
-    F(reserved81),
 };
 
 FIELDS_OF(StpConfig, "") = {
@@ -663,20 +317,6 @@ FIELDS_OF(PortFilters, "") = {
     F(port).from(1),
 };
 
-FIELDS_OF(LldpConfig, "") = {
-    F(ports).ports(),
-    F(holdTime),
-    F(interval),
-    F(packets),
-    F(reserved10),
-    F(portDescription).flag(),
-    F(systemName).flag(),
-    F(systemDescription).flag(),
-    F(capability).flag(),
-    F(managementAddress).flag(),
-    F(reserved17),
-};
-
 FIELDS_OF(Dot1xConfig, "") = {
     F(enabled).flag(),
     F(server),
@@ -739,30 +379,6 @@ FIELDS_OF(Isolation, "") = {
     F(reserved5),
 };
 
-FIELDS_OF(StatisticsPolling, "") = {
-    F(interval),
-    F(ports),
-};
-
-FIELDS_OF(TimeRange::Periodic, "") = {
-    F(start),
-    F(end),
-};
-
-FIELDS_OF(TimeRange::PeriodicList, "") = {
-    F(weekdays).bits(weekdays),
-    F(start),
-    F(end),
-};
-
-FIELDS_OF(TimeRange, "name") = {
-    F(absoluteStart),
-    F(absoluteEnd),
-    F(periodic).from(1),
-    F(list).from(1),
-    F(name),
-};
-
 FIELDS_OF(PoePort, "") = {
     F(deviceName),
     F(enabled).codes(offOn),
@@ -777,19 +393,6 @@ FIELDS_OF(PoePort, "") = {
 FIELDS_OF(PppoeConfig, "") = {
     F(enabled).flag(),
     F(trusted).ports(),
-};
-
-FIELDS_OF(BackupConfig, "") = {
-    F(enabled).flag(),
-    F(time),
-    F(reserved2),
-    F(protocol).codes(backupProtocols, "TFTP"),
-    F(server),
-    F(serverIpv6),
-    F(serverIsIpv6).flag(),
-    F(user),
-    F(password),
-    F(path),
 };
 
 FIELDS_OF(ConfigImage, "") = {
@@ -896,10 +499,9 @@ FIELDS_OF(PlatformRecord, "") = {
 };
 // clang-format on
 
-#undef FIELDS_OF
-#undef F
-
 // -------------------------------------------------------------------------------------------------------- shared bytes
+
+namespace {
 
 #define SHARED(owner, other)                                                                                           \
     { offsetof(ConfigImage, owner), other }
