@@ -1,5 +1,5 @@
-/// How the list of fields is written: a description of each field, completed by calls that follow each other. Places and
-/// types are the compiler's.
+/// How the list of fields is written: a description of each field, completed by calls that follow each other. Places
+/// and types are the compiler's.
 #pragma once
 
 #include "inspect/fields.h"
