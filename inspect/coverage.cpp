@@ -4,7 +4,6 @@
 #include "inspect/engine.h"
 
 #include <algorithm>
-#include <cstring>
 #include <map>
 #include <memory>
 

@@ -107,7 +107,7 @@ bool closesBlock(std::string_view line) { return line == "exit" || line == "exit
 
 constexpr std::size_t noLine = SIZE_MAX;
 
-/// Adds the lines of `text`. The first one stands in the block that line `opener` opened, or in none.
+/// Adds the lines of `text`. The first one is in the block that line `opener` opened, or in none.
 void addLines(std::string_view text, std::size_t opener, std::vector<StageLine> &lines) {
     for (std::size_t begin = 0; begin < text.size();) {
         const std::size_t end = std::min(text.find('\n', begin), text.size());
@@ -324,12 +324,12 @@ Difference differenceOf(const StageText &before, std::string_view after) {
     while (last < lines.size() && lines[last].opener >= first && lines[last].opener < last) ++last;
 
     const std::size_t begin = first < lines.size() ? lines[first].begin : text.size();
-    const std::size_t behind = text.size() - (last < lines.size() ? lines[last].begin : text.size());
+    const std::size_t rest = text.size() - (last < lines.size() ? lines[last].begin : text.size());
     std::vector<StageLine> now;
     // The line that opened the block before is put in front, so that what follows has it.
     const bool isInBlock = first < lines.size() && lines[first].opener < first;
     if (isInBlock) now.push_back({lines[lines[first].opener].text, 0, 0});
-    addLines(after.substr(begin, after.size() - behind - begin), isInBlock ? 0 : noLine, now);
+    addLines(after.substr(begin, after.size() - rest - begin), isInBlock ? 0 : noLine, now);
     std::vector<Compared> a;
     std::vector<Compared> b;
     for (std::size_t i = first; i < last; ++i) a.push_back({lines[lines[i].opener].text, lines[i].text});

@@ -46,7 +46,7 @@ inline bool reads(Mode mode, std::size_t stage, const Source &source) {
     return reads(mode, stage, source.origin, source.leaf.offset(), source.leaf.size());
 }
 
-/// A line, and the line that opened the block that it stands in. A line that opens a block stands in none.
+/// A line, and the line that opened the block that it is in. A line that opens a block is in none.
 struct StageLine {
     std::string_view text; ///< without the newline
     std::size_t begin = 0; ///< in the text of the stage

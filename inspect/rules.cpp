@@ -9,7 +9,6 @@
 #include "inspect/values.h"
 
 #include <algorithm>
-#include <array>
 #include <bit>
 #include <bitset>
 #include <cstring>
