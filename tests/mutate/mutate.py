@@ -338,7 +338,7 @@ class Build:
         # With the library's assertions, so that an index beside a table is noticed. What is built once is optimised,
         # as it runs often; what is built for one change is not.
         self.run("cmake", "-S", self.copy, "-B", self.binary, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
-                 "-DCMAKE_CXX_FLAGS_DEBUG=-O1 -D_GLIBCXX_ASSERTIONS", "-DTEXTCFG_TESTS=ON")
+                 "-DCMAKE_CXX_FLAGS_DEBUG=-O1 -D_GLIBCXX_ASSERTIONS", "-DTEXTCFG_TESTS=ON", "-DTEXTCFG_TEST_OPTIMIZATION=-O1")
         known = self.run("ninja", "-C", self.binary, "-t", "targets", "all")
         names = [name for name in PROGRAMS if re.search(rf"(?m)^{re.escape(name)}: ", known)]
         self.run("ninja", "-C", self.binary, *names)
@@ -412,7 +412,8 @@ class Build:
             text = (self.copy / source).read_text()
             suites = [f"{name}.*" for name in re.findall(r"(?m)^TEST(?:_F)?\((\w+)", text)]
             suites += [f"*/{name}.*" for name in re.findall(r"(?m)^TEST_P\((\w+)", text)]
-            suites += [f"{name}/*" for name in re.findall(r"(?m)^ROWS\((\w+)", text)]
+            # Areas may have both rows and sets of lines.
+            suites += [f"{name}/*" for name in re.findall(r"(?m)^(?:ROWS|FIELD_LINES)\(\s*(\w+)", text)]
             program.suites[source] = sorted(set(suites))
             if '"/tmp/config"' in text:  # they share the default output file: one at a time
                 program.alone += program.suites[source]
