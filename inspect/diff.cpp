@@ -10,7 +10,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
-#include <filesystem>
 #include <iostream>
 #include <map>
 #include <memory>
@@ -21,7 +20,7 @@ namespace inspect {
 namespace {
 
 /// A field that differs, or a run of reserved bytes.
-struct Difference {
+struct FieldDifference {
     Leaf leaf;
     std::size_t offset;
     std::size_t size;
@@ -38,7 +37,7 @@ struct Pair {
     /// The same for printing.
     std::shared_ptr<const void> shownOld;
     std::shared_ptr<const void> shownNow;
-    std::vector<Difference> differences = {};
+    std::vector<FieldDifference> differences = {};
     std::vector<std::string> lines = {}; ///< of delta mode
     std::string noLines = {};            ///< why there are none
 
@@ -47,7 +46,7 @@ struct Pair {
     /// Differences that change no line.
     std::size_t unexpressed() const {
         return static_cast<std::size_t>(
-            std::ranges::count_if(differences, [](const Difference &d) { return d.changesLines == false; }));
+            std::ranges::count_if(differences, [](const FieldDifference &d) { return d.changesLines == false; }));
     }
 };
 
@@ -103,7 +102,7 @@ bool isOther(Renderer &renderer, const order::Call &call, const std::string &lin
 void findUnexpressed(Pair &pair, Renderer &renderer) {
     std::vector<std::string> all;
     for (const order::Step &step : order::steps) all.emplace_back(renderer.lines(step.delta));
-    for (Difference &difference : pair.differences) {
+    for (FieldDifference &difference : pair.differences) {
         unsigned char *const bytes = reinterpret_cast<unsigned char *>(&renderer.current()) + difference.offset;
         std::memcpy(bytes, bytesIn(pair.old, difference.offset), difference.size);
         bool changes = false;
@@ -116,7 +115,7 @@ void findUnexpressed(Pair &pair, Renderer &renderer) {
     }
 }
 
-std::vector<std::string> linesOf(std::string_view text) {
+std::vector<std::string> textLines(std::string_view text) {
     std::vector<std::string> lines;
     while (!text.empty()) {
         const std::size_t end = text.find('\n');
@@ -145,16 +144,11 @@ void addLines(Pair &pair, const Input &now, bool marks) {
     const RenderSettings settings = {*context.bank, *context.md5};
     {
         Renderer renderer(imageIn(pair.shownNow), imageIn(pair.shownOld), *context.board, settings);
-        pair.lines = linesOf(renderer.text(driverOf(true, true, false)));
+        pair.lines = textLines(renderer.text(driverOf(true, true, false)));
     }
     if (!marks) return;
     Renderer renderer(imageIn(pair.now), imageIn(pair.old), *context.board, settings);
     findUnexpressed(pair, renderer);
-}
-
-bool isFolder(const std::string &name) {
-    std::error_code ignored;
-    return std::filesystem::is_directory(name, ignored);
 }
 
 template <class Type> void requireUsable(const Found<Type> &part) {
@@ -212,15 +206,15 @@ void chooseShown(std::vector<Pair> &pairs, bool secrets, bool md5) {
 
 // ----------------------------------------------------------------------------------------------------------- printing
 
-constexpr const char *noLine = "(no line)";
+constexpr const char *noLineMark = "(no line)";
 
-std::string valueText(const Difference &difference, const std::shared_ptr<const void> &record, bool secrets) {
+std::string valueText(const FieldDifference &difference, const std::shared_ptr<const void> &record, bool secrets) {
     if (!difference.leaf.isReserved()) return displayOf(difference.leaf, record.get());
     if (!secrets) return hiddenBytes;
     return hexadecimal({bytesIn(record, difference.offset), difference.size});
 }
 
-std::string differenceLine(const Pair &pair, const Difference &difference, bool secrets, const Output &output) {
+std::string differenceLine(const Pair &pair, const FieldDifference &difference, bool secrets, const Output &output) {
     const Leaf &leaf = difference.leaf;
     std::string value =
         valueText(difference, pair.shownOld, secrets) + " -> " + valueText(difference, pair.shownNow, secrets);
@@ -234,7 +228,7 @@ std::string differenceLine(const Pair &pair, const Difference &difference, bool 
     line.pop_back();
     const std::string_view other = otherSettingOf(leaf);
     if (!other.empty()) line += "  (also " + std::string(other) + ')';
-    if (difference.changesLines == false) line += "  " + output.painted(Output::Paint::yellow, noLine);
+    if (difference.changesLines == false) line += "  " + output.painted(Output::Paint::yellow, noLineMark);
     return line + '\n';
 }
 
@@ -244,7 +238,8 @@ void print(const Pair &pair, bool titled, bool secrets, Output &output) {
         output << (pair.now == nullptr ? "only in OLD\n" : "only in NEW\n");
         return;
     }
-    for (const Difference &difference : pair.differences) output << differenceLine(pair, difference, secrets, output);
+    for (const FieldDifference &difference : pair.differences)
+        output << differenceLine(pair, difference, secrets, output);
     if (pair.part != Part::image) return;
     output << "\n";
     if (!pair.noLines.empty()) {
@@ -262,7 +257,7 @@ void print(const Pair &pair, bool titled, bool secrets, Output &output) {
 }
 
 /// Old and new value of a difference, and what else is known of it.
-Json changeOf(const Difference &difference, Json old, Json now) {
+Json changeOf(const FieldDifference &difference, Json old, Json now) {
     Json change = {{"old", std::move(old)}, {"new", std::move(now)}, {"offset", difference.offset}};
     change["changesLines"] = difference.changesLines ? Json(*difference.changesLines) : Json();
     return change;
@@ -271,9 +266,9 @@ Json changeOf(const Difference &difference, Json old, Json now) {
 Json jsonOfPair(const Pair &pair, bool secrets) {
     Json document = {{"name", pair.name}};
     document["missing"] = !pair.isOneMissing() ? Json() : Json(pair.now == nullptr ? "new" : "old");
-    std::map<std::size_t, const Difference *> fields;
+    std::map<std::size_t, const FieldDifference *> fields;
     Json reserved = Json::array();
-    for (const Difference &difference : pair.differences) {
+    for (const FieldDifference &difference : pair.differences) {
         if (!difference.leaf.isReserved()) {
             fields[difference.offset] = &difference;
             continue;

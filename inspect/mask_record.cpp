@@ -27,11 +27,6 @@ constexpr mode_t folderMode = 0700;
     fail(name, "found something of this name; expected a name that is free");
 }
 
-bool isThere(const std::string &path) {
-    struct stat status = {};
-    return lstat(path.c_str(), &status) == 0;
-}
-
 /// A new file or folder that has another name until it is whole.
 class Draft {
 public:

@@ -14,6 +14,16 @@
 #include <unistd.h>
 
 namespace inspect {
+
+bool isFolder(const std::string &path) {
+    struct stat status = {};
+    return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+bool isThere(const std::string &path) {
+    struct stat status = {};
+    return lstat(path.c_str(), &status) == 0;
+}
+
 namespace {
 
 constexpr std::string_view builtinPrefix = "builtin:";
@@ -111,17 +121,9 @@ bool isDefaultKind(std::int32_t selector) {
     return selector == MAPI_CONFIG_DEFAULT || selector == MAPI_CONFIG_CUSTOMER_DEFAULT;
 }
 
-bool isFolder(const std::string &path) {
-    struct stat status = {};
-    return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
-}
 bool isRegular(const std::string &path) {
     struct stat status = {};
     return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
-}
-bool isThere(const std::string &path) {
-    struct stat status = {};
-    return lstat(path.c_str(), &status) == 0;
 }
 
 std::string inFolder(const std::string &folder, const std::string &file) {

@@ -80,4 +80,9 @@ ImagePart loadImage(const std::string &record, std::int32_t fallback, std::optio
 /// "running", "default", "startup" or "customer_default", in the order of the selectors.
 std::string imageName(std::int32_t selector);
 
+/// Links are followed.
+bool isFolder(const std::string &path);
+/// A link that leads nowhere is there too.
+bool isThere(const std::string &path);
+
 } // namespace inspect

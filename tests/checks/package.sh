@@ -15,7 +15,8 @@ package=$(echo "$scratch"/package/*.deb)
 [[ -f $package ]] || give_up "no package: $log"
 [[ $(cat "$list" 2>/dev/null) == "$listed" ]] || found "the package changed the list of what is installed"
 
-complaints=$(lintian --allow-root --display-info --tag-display-limit 0 "$package" 2>&1) || found "lintian failed"
+mkdir "$scratch/lintian" # it may leave something there
+complaints=$(TMPDIR=$scratch/lintian lintian --allow-root --display-info --tag-display-limit 0 "$package" 2>&1) || found "lintian failed"
 [[ ! $complaints ]] || found "lintian: $complaints"
 
 # Where everything is.
