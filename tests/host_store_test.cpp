@@ -102,6 +102,9 @@ TEST_F(Transactions, AnUnknownImageIsRefused) {
                   about() + "mapi_sys_config_getconfig: unknown image selector; expected 0 to 3\n");
     }
     EXPECT_EQ(bytesAsText(*image), std::string(sizeof *image, '\0'));
+    CaptureStderr();
+    EXPECT_NE(mapi_sys_config_getconfig(MAPI_NO_TRANSACTION, 4, image.get()), 0);
+    EXPECT_EQ(GetCapturedStderr(), about() + "mapi_sys_config_getconfig: transaction -1 is not open\n");
 }
 
 TEST_F(Store, UnsetOrEmptyIsTheBuiltInOneAndIsReported) {
@@ -109,10 +112,11 @@ TEST_F(Store, UnsetOrEmptyIsTheBuiltInOneAndIsReported) {
         if (empty) setenv("TEXTCFG_STORE", "", 1);
         CaptureStderr();
         const Open transaction;
-        { const Open nested; }
         EXPECT_EQ(GetCapturedStderr(), empty ? "textcfg: TEXTCFG_STORE is empty: this is the built-in example\n"
-                                             : "textcfg: TEXTCFG_STORE is not set: this is the built-in example\n")
-            << "once, also where the header asks in a transaction of its own";
+                                             : "textcfg: TEXTCFG_STORE is not set: this is the built-in example\n");
+        CaptureStderr();
+        { const Open nested; }
+        EXPECT_EQ(GetCapturedStderr(), "") << "once, also where the header asks in a transaction of its own";
         BoardRecord board;
         EXPECT_EQ(mapi_sys_eeprom_info_get(transaction.handle, &board), 0);
         EXPECT_EQ(board.boardType.value(), 5028U);
@@ -326,6 +330,21 @@ TEST_F(Reading, GoesOnAfterInterruptionsAndParts) {
     EXPECT_EQ(mapi_sys_config_getconfig(transaction.handle, MAPI_CONFIG_RUNNING, image.get()), 0);
     reads = {};
     EXPECT_EQ(bytesAsText(*image), std::string(131072, 'a') + std::string(131072, 'b'));
+}
+
+TEST_F(Reading, LeavesNoDescriptorToOtherPrograms) {
+    use();
+    put("running.img", std::string(262144, 'r'));
+    put("board.img", std::string(244, 'b'));
+    put("platform.conf", "active_bank=2\n");
+    reads = {};
+    const Open transaction;
+    auto image = std::make_unique<ConfigImage>();
+    BoardRecord board;
+    EXPECT_EQ(mapi_sys_config_getconfig(transaction.handle, MAPI_CONFIG_RUNNING, image.get()), 0);
+    EXPECT_EQ(mapi_sys_eeprom_info_get(transaction.handle, &board), 0);
+    EXPECT_GE(reads.calls, 3);
+    EXPECT_EQ(reads.inherited, 0);
 }
 
 TEST_F(Reading, LeavesZerosWhereItFails) {

@@ -70,13 +70,11 @@ const Transaction *anyOpen() {
     return nullptr;
 }
 
-/// The settings as they are now. False, after reporting why, if they cannot be read.
+/// Reads the settings as they are now; the built-in store leaves those that hold without any. False, after reporting
+/// why, if they cannot be read.
 bool currentConf(const char *operation, PlatformConf &conf) {
     const char *const folder = storeFolder();
-    if (folder == nullptr) {
-        conf = {};
-        return true;
-    }
+    if (folder == nullptr) return true;
     if (!readPlatformConf(folder, conf)) return false;
     // Before anything is rendered: a text without the passwords would be taken for the whole.
     const char *const problem = conf.md5Passwords ? passwordMd5Problem() : nullptr;
