@@ -24,6 +24,7 @@ TEST(PlatformConfText, IsUnderstood) {
         {"active_bank=2", 2, false},
         {"active_bank=0\n", 0, false},
         {"active_bank=007\n", 7, false},
+        {"active_bank=1987654320\n", 1987654320, false},
         {"active_bank=-1\n", -1, false},
         {"active_bank=-0\n", 0, false},
         {"active_bank=2147483647\n", INT32_MAX, false},

@@ -13,6 +13,7 @@ ssize_t __real_read(int descriptor, void *bytes, std::size_t size);
 ssize_t __wrap_read(int descriptor, void *bytes, std::size_t size);
 ssize_t __wrap_read(int descriptor, void *bytes, std::size_t size) {
     ++reads.calls;
+    reads.asked = size;
     if ((fcntl(descriptor, F_GETFD) & FD_CLOEXEC) == 0) ++reads.inherited;
     if (reads.interruptions > 0) {
         --reads.interruptions;

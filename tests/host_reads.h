@@ -10,6 +10,7 @@ struct Reads {
     std::size_t left = SIZE_MAX; ///< bytes after which the calls fail
     int error = 0;               ///< with this error; 0: as at the end of a file
     int interruptions = 0;       ///< so many calls are interrupted by a signal
+    std::size_t asked = 0;       ///< bytes that the last call asked for
     int inherited = 0;           ///< calls with a descriptor that a program would have that is started meanwhile
 };
 

@@ -328,6 +328,7 @@ TEST_F(Reading, GoesOnAfterInterruptionsAndParts) {
     reads.most = 1000;
     reads.interruptions = 3;
     EXPECT_EQ(mapi_sys_config_getconfig(transaction.handle, MAPI_CONFIG_RUNNING, image.get()), 0);
+    EXPECT_EQ(reads.asked, 144U) << "no more than there is room for after 262 parts";
     reads = {};
     EXPECT_EQ(bytesAsText(*image), std::string(131072, 'a') + std::string(131072, 'b'));
 }
