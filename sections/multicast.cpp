@@ -27,30 +27,39 @@ int delta::IGMPFilterFunc_configure_ip_igmp_filter(const PortFilters &current, c
 
 // --------------------------------------------------------------------------------------------- segments and profiles
 
-static int write(const SectionLines<MulticastSegmentTable> &table) {
+// Full mode writes the bytes of the addresses, delta mode the texts that it has compared: how they look is the
+// platform's.
+
+static void appendRangeOfBytes(const MulticastSegment &segment) {
+    append("range %d.%d.%d.%d %d.%d.%d.%d\n", segment.first, segment.last);
+}
+
+static void appendRangeOfTexts(const MulticastSegment &segment) {
+    append("range %s %s\n", textOf(segment.first), textOf(segment.last));
+}
+
+static int write(const SectionLines<MulticastSegmentTable> &table, void (*appendRange)(const MulticastSegment &)) {
     for (std::size_t i = 0; i < std::size(table.current); ++i) {
         const MulticastSegment &current = table.current[i];
         if (!isOn(current.valid)) continue;
         const SectionLines<MulticastSegment> segment = table[i];
         append("ip igmp segment %d\n", current.id);
         segment.text(&MulticastSegment::name, "name %s\n");
-        // The texts of the addresses are compared, not their bytes.
         const auto first = [](const MulticastSegment &from) { return textOf(from.first); };
         const auto last = [](const MulticastSegment &from) { return textOf(from.last); };
-        if (segment.dueBy(first) || segment.dueBy(last))
-            append("range %d.%d.%d.%d %d.%d.%d.%d\n", current.first, current.last);
+        if (segment.dueBy(first) || segment.dueBy(last)) appendRange(current);
         append("exit\n");
     }
     return 0;
 }
 
 int full::convConfigIPMCSegment_IPMCSegment_configure_ip_igmp_segment(const MulticastSegmentTable &current) {
-    return trace(), write({current});
+    return trace(), write({current}, appendRangeOfBytes);
 }
 
 int delta::convConfigIPMCSegment_IPMCSegment_configure_ip_igmp_segment(const MulticastSegmentTable &current,
                                                                        const MulticastSegmentTable &defaults) {
-    return trace(), write({current, defaults});
+    return trace(), write({current, defaults}, appendRangeOfTexts);
 }
 
 static int write(const SectionLines<MulticastProfileTable> &table) {

@@ -22,6 +22,7 @@ void FakePlatform::reset() {
     bank = 1;
     passwordMethod = 0;
     md5 = nullptr;
+    addressText = nullptr;
     calls.clear();
     failingCall = -1;
     failure = 5;
@@ -66,4 +67,15 @@ std::int32_t mapi_sys_userauth_password_md5_get(std::int32_t handle, const char 
     if (fails("md5 " + std::to_string(handle) + " " + password)) return platform.failure;
     if (platform.md5) platform.md5(password, md5);
     return 0;
+}
+
+// The linker puts the first in the place of the stand-in's operation.
+extern "C" {
+void __real_utilIp2IpStr(const void *address, char *text);
+void __wrap_utilIp2IpStr(const void *address, char *text);
+void __wrap_utilIp2IpStr(const void *address, char *text) {
+    if (platform.addressText)
+        std::strcpy(text, platform.addressText(static_cast<const unsigned char *>(address)).c_str());
+    else __real_utilIp2IpStr(address, text);
+}
 }

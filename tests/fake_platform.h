@@ -16,6 +16,9 @@ struct FakePlatform {
     std::int32_t passwordMethod;                              ///< non-zero: MD5
     std::function<void(const char *password, char *md5)> md5; ///< what the platform makes of a password
 
+    /// How an IPv4 address is written; null: as the stand-in does.
+    std::function<std::string(const unsigned char *octets)> addressText;
+
     std::vector<std::string>
         calls;               ///< "start", "eeprom 1", "config 1 0", "bank 2", "end 1", "method -1", "md5 -1 secret"
     int failingCall;         ///< index in `calls` of the call that fails; none if negative

@@ -1,6 +1,8 @@
 /// Multicast: the filter switch, segments, profiles and IGMP snooping.
 #include "multicast_area.h"
 
+#include <cstdio>
+
 using namespace multicast;
 
 // ------------------------------------------------------------------------------------------------------ filter switch
@@ -31,6 +33,26 @@ ROWS(FilterSwitch, ({
                         },
                         "ip igmp filter\n"},
                    }));
+
+/// Delta mode writes the texts that it has compared, full mode the bytes.
+TEST(Segments, AreRangesOfTextsInDeltaMode) {
+    const auto store = [](ConfigImage &current, ConfigImage &) {
+        platform.addressText = [](const unsigned char *octets) {
+            char text[16];
+            std::snprintf(text, sizeof text, "%03d.%03d.%03d.%03d", octets[0], octets[1], octets[2], octets[3]);
+            return std::string(text);
+        };
+        MulticastSegment &segment = current.multicastSegments[0];
+        segment.valid = 1;
+        segment.id = 7;
+        segment.first = Ipv4{{233, 252, 0, 1}};
+        segment.last = Ipv4{{233, 252, 0, 31}};
+    };
+    EXPECT_EQ("ip igmp segment 7\nname \nrange 233.252.0.1 233.252.0.31\nexit\n",
+              textOfStep(Mode::full, segments, store));
+    EXPECT_EQ("ip igmp segment 7\nrange 233.252.000.001 233.252.000.031\nexit\n",
+              textOfStep(Mode::delta, segments, store));
+}
 
 TEST(FilterSwitch, IsTheFirstByteOfPort1) {
     expectRead(filterSwitch, nothing, filtersAt - 4, filtersAt + 2860, {{filtersAt, filtersAt}});
