@@ -79,6 +79,9 @@ ROWS(Lacp,
           }),
           "interface 2 \nchannel-group lacp key 1\nexit\n"
           "interface 1,3-28 \nchannel-group lacp key 9\nexit\n"},
+         {"a key of 254", Mode::delta, lacp, lacpChanged([](LacpConfig &port) { port.key[27] = 254; }),
+          "interface 2-27 \nchannel-group lacp key 9\nexit\n"
+          "interface 28 \nchannel-group lacp key 254\nexit\n"},
          {"key zero", Mode::delta, lacp, lacpChanged([](LacpConfig &port) { port.key[0] = 0; }),
           "interface 1 \nchannel-group lacp key 0\nexit\n"},
          {"a role changed", Mode::delta, lacp, lacpChanged([](LacpConfig &port) { port.role[27] = 0; }),
