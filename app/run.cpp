@@ -90,7 +90,8 @@ int TextCfg2file(const char *path) {
     std::FILE *const file = std::fopen(path, "w+");
     if (file == nullptr) return -1;
     pthread_mutex_lock(&CfgFileMutex);
-    // Without a buffer the kernel gets the whole text in one write: no signal can come between two parts of it.
+    // Without a buffer the kernel is given the whole text in one write: where it takes it whole, no signal can come
+    // between two parts of it.
     std::setvbuf(file, nullptr, _IONBF, 0);
     const std::size_t length = strnlen(Temp_Configuration, textBufferSize);
     const bool written = std::fwrite(Temp_Configuration, 1, length, file) == length;

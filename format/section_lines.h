@@ -1,7 +1,8 @@
 /// The lines of a section, stated once for both modes.
 ///
 /// Full mode writes every line of a section. Delta mode writes those whose field differs from the default image. A body
-/// that both modes share takes a `SectionLines` and does not ask which mode it is.
+/// that both modes share takes a `SectionLines`, whose functions know the mode. It looks at `full` itself only where
+/// the modes differ in one condition.
 #pragma once
 
 #include "app/text/text.h"
@@ -92,7 +93,7 @@ template <> struct Formatted<FieldText> : FormattedText {
     }
 };
 
-/// What the lines of a section come down to: appends the line in full mode always, in delta mode if the values differ.
+/// Appends the line: in full mode always, in delta mode if the values differ. Every function of a section ends here.
 /// They are shared by all sections, so that a line costs a switch's flash no more than a call.
 void appendChangedOnOff(bool full, std::uint32_t current, std::uint32_t defaults, const char *on, std::size_t onLength,
                         const char *off, std::size_t offLength);
@@ -101,7 +102,8 @@ void appendChangedText(bool full, const char *current, const char *defaults, std
 void appendChangedCode(bool full, std::uint32_t current, std::uint32_t defaults, std::initializer_list<ValueLine> lines,
                        Line otherwise);
 
-/// A record, in delta mode with its default, on its way into the text.
+/// A record to be written, in delta mode with its default. One record means full mode. A body that needs the default
+/// image in full mode too has it as an argument of its own.
 template <class Record> struct SectionLines {
     const Record &current;
     const Record &defaults; ///< in full mode the current record
@@ -161,7 +163,7 @@ template <class Record> struct SectionLines {
     [[gnu::always_inline]] void text(Field Of::*field, FormatForms<FieldText> line) const {
         appendChangedText(full, (current.*field).characters, (defaults.*field).characters, Field::width, line.in(full));
     }
-    /// A code: the line of its value, or `otherwise`. A value without a line writes nothing.
+    /// A code: the line of its value, or `otherwise`, or nothing where that is empty.
     template <class Field, class Of> [[gnu::always_inline]] void
     code(Field Of::*field, std::initializer_list<ValueLine> lines, Line otherwise = "") const {
         appendChangedCode(full, storedNumber(current.*field), storedNumber(defaults.*field), lines, otherwise);
@@ -172,14 +174,15 @@ template <class Record> struct SectionLines {
         writeServer(of, line.in(full), none.in(full));
     }
 
-    /// A code of each port: a block for each of its values. Delta mode writes all blocks if a port differs.
+    /// A code of each port: a block for each of its values. Delta mode writes all blocks if a port differs. Of a set of
+    /// ports each bit counts, also those after the last port.
     template <class Field, class Of> [[gnu::always_inline]] void blocks(Field Of::*field, FormatForms<PortSet> head,
                                                                         std::initializer_list<ValueLine> lines) const {
         if (due(field)) appendValueBlocks(head.in(full), valuesOf(current.*field), lines);
     }
 
-    /// The same for a set of ports: a block for those that are in it and one for those that are not. Delta mode
-    /// compares front ports alone.
+    /// The same for a set of ports of which delta mode compares the front ports alone: a block for those that are in it
+    /// and one for those that are not.
     template <std::size_t Bytes, class Of> [[gnu::always_inline]] void
     portBlocks(Bitmap<Bytes> Of::*field, FormatForms<PortSet> head, std::initializer_list<ValueLine> lines) const {
         if (full || !samePorts(current.*field, defaults.*field))

@@ -230,7 +230,7 @@ using MacTable = MacEntry[128];
 /// MAC learning of the ports. Whether it was changed is decided over all 116 bytes: the ports' words and the one
 /// after them.
 struct MacLearning {
-    be32 off[portCount]; ///< learning on the port
+    be32 off[portCount]; ///< learning on the port; 1 turns it off
     be32 following;      ///< counts when two images are compared
 };
 static_assert(record<MacLearning, 116>);
@@ -658,7 +658,7 @@ static_assert(offsetof(PortFilter, enabled) == 100);
 struct PortFilters {
     PortFilter port[portCount];
 
-    /// The global filter switch, which shares its byte with port 1's record.
+    /// The global filter setting, which shares its byte with port 1's record.
     constexpr u8 filterSwitch() const { return port[0].filterSwitch; }
 };
 static_assert(record<PortFilters, 2856>);
@@ -919,7 +919,7 @@ struct ConfigImage {
     SourceGuardTable sourceGuardTable;
     CircuitIds circuitIds;
     Reserved<54> reserved151306;
-    u8 ipSource; ///< the global "ip source" switch
+    u8 ipSource; ///< the global "ip source" setting
     Reserved<1> reserved151361;
     SourceBindingTable sourceBindings;
     Reserved<2> reserved151590;

@@ -1,6 +1,6 @@
 /// The switch's own addresses.
 ///
-/// Routes, DNS, DHCP and DHCPv6 servers, router advertisement and dynamic DNS are no business of this switch: their
+/// Routes, DNS, DHCP and DHCPv6 servers, router advertisement and dynamic DNS are not configured on this switch: their
 /// emitters only trace, so that they keep their places in the order.
 #pragma once
 

@@ -39,7 +39,7 @@ int convConfigMacTable_MacTable_configure_interface_mac_address_table(const MacT
 int convConfigSwitchConfig_SwitchConfig_configure_interface_mac_learning(const MacLearning &current);
 /// A negative cost or priority has no block.
 int convConfigSTPConfig_STPConfig_configure_interface_spanning_tree(const StpPorts &current);
-/// Removes the ports of every VLAN of the default image first.
+/// Removes the ports of every VLAN of the default image before it adds those of the current one.
 int convConfigVLANConfig_mid_sys_vlan_config_configure_interface_vlan(const VlanPortTable &current);
 /// A VLAN without front ports has no block.
 int convConfigPortVLAN_mid_sys_vlan_portVlan_configure_interface_vlan_port_based(const PortVlanTable &current);

@@ -217,9 +217,6 @@ void appendProfile(PortSet ports, const Text<24> &name) {
 
 } // namespace
 
-// Delta mode walks both images in step. A group is compared with what the default image has marked at the same port and
-// slot: its own group, or, where it forms none there, the marks as they were left.
-
 int full::IGMPFilterFunc_configure_interface_ip_igmp_filter() {
     // Does not trace in this mode.
     const PortFilters &current = gSysConfig->portFilters;
@@ -238,6 +235,8 @@ int full::IGMPFilterFunc_configure_interface_ip_igmp_filter() {
     return 0;
 }
 
+/// Walks both images in step. A group is compared with what the default image has marked at the same port and slot: its
+/// own group, or, where it forms none there, nothing of the maxima and the marks of profiles as they were left.
 int delta::IGMPFilterFunc_configure_interface_ip_igmp_filter() {
     trace();
     const PortFilters &current = gSysConfig->portFilters;

@@ -62,8 +62,8 @@ int delta::convConfigDSCPRemark_DSCPRemark_configure_qos(const Remarking &curren
     return trace(), write({current, defaults});
 }
 
-/// Delta mode sets the markers of all entries for good, in both images, so that they never make a difference. The bytes
-/// that are not read do: they give a block without lines.
+/// Delta mode sets the markers of all entries in both images and leaves them set, so that they never make a difference.
+/// The bytes that are not read do: they give a block that has a head and an end alone.
 template <class Entry, std::size_t Count> static void setMarkers(Entry (&current)[Count], Entry (&defaults)[Count]) {
     for (Entry &entry : current) entry.marker = 1;
     for (Entry &entry : defaults) entry.marker = 1;
@@ -145,7 +145,8 @@ void appendRates(const PortValues<portCount> &rates, Format<std::uint32_t> limit
     }
 }
 
-/// Of the sets of limited ports only those that are not in one have a block.
+/// Of the two sets of ports only the ports that are not in the set have a block. Delta mode compares every bit of a
+/// set.
 int write(const SectionLines<RateLimits> &rates) {
     const RateLimits &current = rates.current;
     if (rates.due(&RateLimits::ingress))

@@ -108,8 +108,8 @@ int delta::convConfigDOT1XConfig_DOT1XConfig_configure_dot1x(const Dot1xConfig &
 
 // --------------------------------------------------------------------------------------------- DHCP snooping, switch
 
-/// The ports with a DHCP server, if there are any. On boards of type 5027 "none" is asked of the first sixteen ports
-/// alone, so that servers on ports from 17 on write both lines.
+/// The ports with a DHCP server, if there are any. On boards of type 5027 the line for none looks at the first sixteen
+/// ports alone, so that servers on ports from 17 on alone write both lines.
 static void appendServerPorts(const DhcpSnooping &snooping) {
     const PortSet ports = portsIn(snooping.serverPorts);
     if (!ports.empty()) append("ip dhcp snooping dhcp-server %s \n", ports);
@@ -117,7 +117,7 @@ static void appendServerPorts(const DhcpSnooping &snooping) {
     if (none) append("no ip dhcp snooping dhcp-server\n");
 }
 
-/// The lines of four records, in an order of their own.
+/// The lines of several records, in an order of their own.
 static int write(const SectionLines<DhcpSnooping> &snooping, const SectionLines<ConfigImage> &image) {
     const SectionLines<DhcpSnoopingPorts> ports = image.part(&ConfigImage::dhcpSnoopingPorts);
     const SectionLines<CircuitIds> ids = image.part(&ConfigImage::circuitIds);
@@ -455,7 +455,7 @@ static void appendMaximums(const MacLimit &limit) {
     }
 }
 
-// Both drivers pass the current section twice. Full mode ignores the second; delta mode finds no difference and writes
+// Both modes pass the current section twice. Full mode ignores the second; delta mode finds no difference and writes
 // nothing.
 
 int full::convConfigMacLimit_MacLimit_configure_interface_security_mac_limit(const MacLimit &current,

@@ -293,7 +293,7 @@ void appendMoment(const SectionLines<TimeRange> &range, Text<32> TimeRange::*fie
     range.append(line, stored.field[0], numberOf(stored.field[1]), month, numberOf(stored.field[3]));
 }
 
-/// A range or list is due if one of its sides is set. Ranges and lists differ by their start and end: weekdays alone
+/// A range or list is due if its start or its end is set, in delta mode only if one of the two differs: weekdays alone
 /// make no difference.
 template <class Range> bool isDue(const SectionLines<Range> &range) {
     return (range.due(&Range::start) || range.due(&Range::end)) &&

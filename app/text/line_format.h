@@ -18,8 +18,7 @@ struct Argument {
 
 /// How a type is handed to a format: `kinds` names what it gives ('n' a number, 's' a text, 'r' a set that is listed in
 /// runs, 'e' a set of which each number is listed; a MAC address gives six numbers, an IPv4 address four), `put` stores
-/// it. Numbers of 32 bits keep their bits, so %d and %ld print them signed
-/// and %u and %X unsigned on every host.
+/// it. Numbers of 32 bits keep their bits, so %d and %ld print them signed and %u and %X unsigned on every host.
 template <class T> struct Formatted;
 
 struct FormattedNumber {

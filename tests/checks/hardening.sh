@@ -1,7 +1,7 @@
 #!/bin/bash
 # The workstation's programs are hardened, the program for a switch is small instead, and what is counted is neither.
 #
-#     hardening.sh TEXTCFG TEXTCFG_STORE SWITCH_TREE
+#     hardening.sh TEXTCFG TEXTCFG_STORE TEXTCFG_INSPECT SWITCH_TREE
 . "$(dirname -- "${BASH_SOURCE[0]}")/common.sh"
 
 # look_at PROGRAM: sets `found_options` to what the program has.
@@ -23,7 +23,8 @@ expect() {
 }
 expect "$1" " pie relro now protector fortify"
 expect "$2" " pie relro now protector fortify"
-expect "$3/tool/textcfg" ""
+expect "$3" " pie relro now protector fortify"
+expect "$4/tool/textcfg" ""
 
 # The measurements are made without.
 python3 - "$root/CMakePresets.json" <<'PYTHON' || found "the preset bench is hardened"

@@ -21,7 +21,7 @@ while IFS= read -r command; do
     *)
         here=${command//\/usr\/local/$scratch/installed}
         here=${here/--install build\/inspect/--install $scratch/tree}
-        [[ $command != script/uninstall ]] || here+=" $scratch/tree"
+        here=${here/script\/uninstall build\/inspect/script/uninstall $scratch/tree}
         expected=0
         [[ $command != "script/inspect diff "* ]] || expected=1 # as README.md says
         status=0
