@@ -195,6 +195,7 @@ void addExplain(CLI::App &app, Output &output) {
         command.add_option("--field", words->explain.field, "The lines that change with this field, in both modes");
     field->type_name("PATH")->excludes(lines);
     command.add_flag("--delta", words->explain.delta, "Lines of the text of what differs from the default image");
+    command.add_flag("--secrets", words->explain.secrets, "Secrets and reserved bytes as they are");
     command.callback([words, &output] {
         if (words->explain.lines.empty() && words->explain.field.empty())
             throw CLI::ValidationError("found neither a LINE nor --field; expected one of them");
@@ -212,6 +213,7 @@ void addAnnotate(CLI::App &app, Output &output) {
     addInput(command, words->input);
     command.add_flag("--delta", words->annotate.delta, "Only what differs from the default image");
     command.add_flag("--json", words->annotate.json, "As JSON");
+    command.add_flag("--secrets", words->annotate.secrets, "Secrets and reserved bytes as they are");
     command.callback([words, &output] { annotate(loadInput(words->input), words->annotate, output); });
 }
 

@@ -99,6 +99,15 @@ for words in '' --json --delta '--delta --json'; do
     call 0 annotate builtin:running $words
     cmp -s first out || found "annotate $words: not the same twice"
 done
+for words in '' --json; do
+    # shellcheck disable=SC2086 # words
+    call 0 annotate builtin:running $words --secrets
+    grep -qF -- "$password" out || found "annotate $words --secrets: masks a secret"
+done
+call 0 explain builtin:running --field 'users[1].password'
+grep -qF -- "$password" out && found "explain --field: prints a secret"
+call 0 explain builtin:running --field 'users[1].password' --secrets
+grep -qF -- "$password" out || found "explain --field --secrets: masks a secret"
 # Every line is there, in its order; blanks at the end of lines too.
 call 0 annotate builtin:running
 sed -n 's/^[0-9][0-9]*  //p' out >lines
