@@ -226,6 +226,11 @@ done
 sed -i s/none/md5/ changed/platform.conf
 printf 'x' | dd of=changed/board.img bs=1 seek=200 conv=notrunc status=none
 printf 'x' | dd of=changed/startup.img bs=1 seek=30 conv=notrunc status=none
+for words in '' '--delta --secrets'; do
+    # shellcheck disable=SC2086 # words
+    call 0 annotate store --json $words
+    as_schema "annotate --json $words"
+done
 rm changed/customer_default.img
 for words in 'builtin:startup builtin:running' 'store changed' 'store changed --secrets' 'zero.img store:running' \
     'store:running zero.img --secrets'; do
