@@ -157,7 +157,8 @@ void addDiff(CLI::App &app, Output &output) {
     const auto words = std::make_shared<DiffOptions>();
     command.add_option("OLD", words->old, "A record, as for text")->required();
     command.add_option("NEW", words->now.record, "A record; two folders are compared image by image")->required();
-    CLI::Option *const lines = command.add_flag("--commands", words->commands, "Only the lines of delta mode");
+    CLI::Option *const lines = command.add_flag(
+        "--commands", words->commands, "Only the lines of delta mode; of two folders, for their running images");
     command.add_flag("--json", words->json, "As JSON")->excludes(lines);
     command.add_flag("--secrets", words->secrets, "Secrets and reserved bytes as they are");
     addPlatform(command, words->now);

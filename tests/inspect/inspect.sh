@@ -165,6 +165,8 @@ says out '^Delta lines alone do not always turn OLD into NEW: '
 call 1 diff builtin:startup builtin:running --commands
 [[ $(head -n 1 out) == configure ]] || found "diff --commands prints more than lines: $(head -n 1 out)"
 says out '^ntp server2 198.51.100.11$'
+call 0 diff --help
+says out '^ *--commands .*; of two folders, for their running images$'
 call 2 diff builtin:startup
 call 2 diff builtin:startup nowhere
 call 2 diff builtin:startup builtin:running --commands --json
@@ -232,6 +234,12 @@ for words in '' '--delta --secrets'; do
     as_schema "annotate --json $words"
 done
 rm changed/customer_default.img
+cp -r store other
+cp changed/startup.img other
+call 1 diff store other
+says out '^startup:$'
+call 0 diff store other --commands
+[[ ! -s out ]] || found "diff --commands of folders compares more than the running images: $(head -n 1 out)"
 for words in 'builtin:startup builtin:running' 'store changed' 'store changed --secrets' 'zero.img store:running' \
     'store:running zero.img --secrets'; do
     # shellcheck disable=SC2086 # words
