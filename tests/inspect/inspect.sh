@@ -1,12 +1,13 @@
 #!/bin/bash
 # textcfg-inspect as people call it: what it prints, its statuses, and that no secret is in it.
 #
-#     inspect.sh TEXTCFG_INSPECT TEXTCFG TEXTCFG_STORE
+#     inspect.sh TEXTCFG_INSPECT TEXTCFG TEXTCFG_STORE SIZED_STORES
 . "$(dirname -- "${BASH_SOURCE[0]}")/../checks/common.sh"
 
 program=$1
 textcfg=$2
 store_program=$3
+sized_stores=$4
 scratch=$(mktemp -d) || exit 1
 trap 'rm -rf "$scratch"' EXIT
 cd "$scratch" || exit 1
@@ -150,6 +151,19 @@ says err "default: the built-in example's"
 "$program" show builtin:running --all --json | head -n 1 >/dev/null
 status=${PIPESTATUS[0]}
 ((status == 141)) || found "a reader that leaves: status $status, not that of SIGPIPE"
+# The text of the largest store does not fit into a pipe: the reader leaves before all of it is written.
+mkdir largest
+"$sized_stores" largest largest || found "no largest store"
+call 0 text largest --bank 1 --md5 no
+(($(stat -c %s out) > 131072)) || found "the largest text is small: $(stat -c %s out) bytes"
+"$program" text largest --bank 1 --md5 no 2>err | head -n 1 >/dev/null
+status=${PIPESTATUS[0]}
+((status == 141)) || found "text, a reader that leaves: status $status, not that of SIGPIPE"
+[[ ! -s err ]] || found "text, a reader that leaves: $(head -c 300 err)"
+"$program" text builtin:running 2>err | head -n 1 >/dev/null
+status=${PIPESTATUS[0]}
+((status == 0 || status == 141)) || found "a short text, a reader that leaves: status $status"
+[[ ! -s err ]] || found "a short text, a reader that leaves: $(head -c 300 err)"
 status=0
 "$program" text builtin:running >/dev/full 2>err || status=$?
 ((status == 2)) || found "a full output: status $status"
