@@ -10,6 +10,7 @@
 #include "inspect/record_source.h"
 #include "inspect/render.h"
 #include "inspect/show.h"
+#include "inspect/values.h"
 
 #include <CLI/CLI.hpp>
 
@@ -20,6 +21,8 @@
 #include <memory>
 #include <sstream>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace inspect {
 namespace {
@@ -225,6 +228,25 @@ int complain(const std::string &message) {
     return trouble;
 }
 
+/// The names of the commands, as words of a sentence.
+std::string namesOf(const CLI::App &app) {
+    std::string names;
+    const std::vector<const CLI::App *> all = app.get_subcommands([](const CLI::App *) { return true; });
+    for (std::size_t i = 0; i < all.size(); ++i)
+        names += (i == 0 ? "" : i + 1 == all.size() ? " or " : ", ") + all[i]->get_name();
+    return names;
+}
+
+/// Throws for a first word that is no command: the parser would only say that one is required.
+void requireCommand(const CLI::App &app, std::string_view word) {
+    const bool isOption = word.size() > 1 && word.front() == '-';
+    if (isOption ||
+        !app.get_subcommands([&](const CLI::App *command) { return command->check_name(std::string(word)); }).empty())
+        return;
+    throw CLI::ValidationError((word.empty() ? "\"\"" : escapeText(word)) + ": there is no such command; expected " +
+                               namesOf(app));
+}
+
 } // namespace
 
 int commandLine(int argc, char **argv) {
@@ -238,6 +260,7 @@ int commandLine(int argc, char **argv) {
     Output output;
     for (const Command add : commands) add(app, output);
     try {
+        if (argc > 1) requireCommand(app, argv[1]);
         app.parse(argc, argv);
         output.flush();
     } catch (const CLI::ParseError &error) {

@@ -101,7 +101,7 @@ prints() {
 }
 shown() { sed -n '/^\.Sh DIAGNOSTICS/,/^\.Sh SEE/ { s/""/"/g; s/^\.It "\(.*\)"$/\1/p }' "$root/$page"; }
 difference=$(cd "$scratch/messages" &&
-    prints 2 && prints 2 show && prints 2 show store --nonsense && prints 2 text store --md5 maybe &&
+    prints 2 && prints 2 nonsense && prints 2 show && prints 2 show store --nonsense && prints 2 text store --md5 maybe &&
     prints 2 show store --at x && prints 2 check && prints 2 check store --ignore nonsense &&
     prints 2 explain store && prints 2 show store 'nonsense*' && prints 2 show store --at 262144 && prints 2 show nowhere &&
     prints 2 show short.img && prints 2 show store:nothing && prints 2 mask store -o store && cd alone &&

@@ -41,6 +41,16 @@ for words in '' nonsense show text 'show nowhere' 'show builtin:running --nonsen
     says err '^textcfg-inspect: '
 done
 
+commands=$("$program" --help | sed -n '/^Subcommands:/,$ s/^  \([a-z]*\) .*/\1/p' | paste -sd , |
+    sed 's/,/, /g; s/\(.*\), /\1 or /')
+for words in foo help 'foo show builtin:running' 'help --help'; do
+    # shellcheck disable=SC2086 # words
+    call 2 $words
+    says err "^textcfg-inspect: ${words%% *}: there is no such command; expected $commands\$"
+done
+call 2 ''
+says err '^textcfg-inspect: "": there is no such command; '
+
 # Fields, one line each.
 call 0 show builtin:running 'ports[3].speed'
 printf 'ports[3].speed                      3 automatic                       4940  0x0134c\n' | cmp -s - out ||
