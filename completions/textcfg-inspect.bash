@@ -78,8 +78,8 @@ _textcfg_inspect() {
     diff) options='--board --bank --md5 --old-offset --new-offset --commands --json --secrets' ;;
     mask) options='--offset -o' ;;
     check) options="$input --list --ignore --json --secrets" ;;
-    explain) options="$input --field --delta" ;;
-    annotate) options="$input --delta --json" ;;
+    explain) options="$input --field --delta --secrets" ;;
+    annotate) options="$input --delta --json --secrets" ;;
     *) return 0 ;;
     esac
 

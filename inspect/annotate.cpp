@@ -35,24 +35,25 @@ std::vector<TextLine> textLines(Engine &engine, Mode mode) {
     return lines;
 }
 
-SourceText describe(Engine &engine, const Source &source, Mode mode) {
+SourceText describe(Engine &engine, const Source &source, Mode mode, bool secrets) {
     const Leaf &leaf = source.leaf;
+    const bool isHidden = leaf.isReserved() && !secrets;
     const auto valueIn = [&](Origin origin) {
-        return leaf.isReserved() ? std::string(hiddenBytes) : displayOf(leaf, engine.recordOf(origin));
+        return isHidden ? std::string(hiddenBytes) : displayOf(leaf, engine.recordOf(origin));
     };
     SourceText text;
     text.path = leaf.path();
     if (source.origin == Origin::defaults) text.path = "default " + text.path;
     text.value = valueIn(source.origin);
     const unsigned char *const bytes = engine.bytesOf(source);
-    text.bytes = leaf.isReserved() ? hiddenBytes : hexadecimal({bytes, std::min(leaf.size(), longestBytes)});
-    if (leaf.size() > longestBytes && !leaf.isReserved()) text.bytes += "...";
+    text.bytes = isHidden ? hiddenBytes : hexadecimal({bytes, std::min(leaf.size(), longestBytes)});
+    if (leaf.size() > longestBytes && !isHidden) text.bytes += "...";
     if (mode == Mode::delta && source.origin == Origin::current) text.defaultValue = valueIn(Origin::defaults);
     return text;
 }
 
-std::string sourceLine(Engine &engine, const Source &source, Mode mode) {
-    const SourceText text = describe(engine, source, mode);
+std::string sourceLine(Engine &engine, const Source &source, Mode mode, bool secrets) {
+    const SourceText text = describe(engine, source, mode, secrets);
     std::string line = text.path + " = " + text.value;
     if (!text.defaultValue.empty()) line += ", default " + text.defaultValue;
     if (source.origin != Origin::platform) {
@@ -80,8 +81,8 @@ Progress::~Progress() {
 }
 
 void annotate(const Input &input, const AnnotateOptions &options, Output &output) {
-    const Input masked = maskedCopy(input);
-    Renderer renderer(masked);
+    const Input printed = options.secrets ? input : maskedCopy(input);
+    Renderer renderer(printed);
     Engine engine(renderer);
     const Mode mode = options.delta ? Mode::delta : Mode::full;
     std::vector<TextLine> lines = textLines(engine, mode);
@@ -106,18 +107,19 @@ void annotate(const Input &input, const AnnotateOptions &options, Output &output
         for (const TextLine &line : lines) {
             output << std::to_string(line.number) + "  " + escapeText(line.text) + "\n";
             output << "      " + std::string(emitterOf(line.stage)) + "\n";
-            for (const Source &source : line.sources) output << "      " + sourceLine(engine, source, mode) + "\n";
+            for (const Source &source : line.sources)
+                output << "      " + sourceLine(engine, source, mode, options.secrets) + "\n";
         }
         return;
     }
-    Json document = jsonHead(masked, false);
+    Json document = jsonHead(printed, options.secrets);
     document["mode"] = options.delta ? "delta" : "full";
     Json &list = document["lines"] = Json::array();
     for (const TextLine &line : lines) {
         Json entry = {{"number", line.number}, {"text", escapeText(line.text)}, {"emitter", emitterOf(line.stage)}};
         Json &fields = entry["fields"] = Json::array();
         for (const Source &source : line.sources) {
-            const SourceText text = describe(engine, source, mode);
+            const SourceText text = describe(engine, source, mode, options.secrets);
             const Leaf &leaf = source.leaf;
             Json field = {{"record", nameOf(source.origin)}, {"path", leaf.path()}};
             if (source.origin != Origin::platform) {
@@ -126,7 +128,8 @@ void annotate(const Input &input, const AnnotateOptions &options, Output &output
                 field["bytes"] = text.bytes;
             }
             const auto valueIn = [&](Origin origin) {
-                return leaf.isReserved() ? Json(hiddenBytes) : jsonOf(leaf, engine.recordOf(origin));
+                return leaf.isReserved() && !options.secrets ? Json(hiddenBytes)
+                                                             : jsonOf(leaf, engine.recordOf(origin));
             };
             field["value"] = valueIn(source.origin);
             if (!text.defaultValue.empty()) field["default"] = valueIn(Origin::defaults);

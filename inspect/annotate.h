@@ -13,9 +13,10 @@ namespace inspect {
 struct AnnotateOptions {
     bool delta = false;
     bool json = false;
+    bool secrets = false; ///< as they are
 };
 
-/// Prints the text of an input line by line. Secrets are masked. On a terminal the progress is shown on standard error.
+/// Prints the text of an input line by line. On a terminal the progress is shown on standard error.
 void annotate(const Input &input, const AnnotateOptions &options, Output &output);
 
 /// A line of a whole text.
@@ -31,15 +32,16 @@ struct TextLine {
 std::vector<TextLine> textLines(Engine &engine, Mode mode);
 
 /// What `describe` prints of a field: where it lies, what it holds, and what the default image holds if that is wanted.
+/// Reserved bytes are shown with `secrets` only.
 struct SourceText {
     std::string path;
     std::string value;
     std::string bytes;
     std::string defaultValue; ///< of a field of the current image, in delta mode
 };
-SourceText describe(Engine &engine, const Source &source, Mode mode);
+SourceText describe(Engine &engine, const Source &source, Mode mode, bool secrets);
 /// One line: path, value, offset and bytes.
-std::string sourceLine(Engine &engine, const Source &source, Mode mode);
+std::string sourceLine(Engine &engine, const Source &source, Mode mode, bool secrets);
 
 /// A bar on standard error while something takes long, if that is a terminal.
 class Progress {

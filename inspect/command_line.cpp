@@ -10,6 +10,7 @@
 #include "inspect/record_source.h"
 #include "inspect/render.h"
 #include "inspect/show.h"
+#include "inspect/values.h"
 
 #include <CLI/CLI.hpp>
 
@@ -20,6 +21,8 @@
 #include <memory>
 #include <sstream>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace inspect {
 namespace {
@@ -157,7 +160,8 @@ void addDiff(CLI::App &app, Output &output) {
     const auto words = std::make_shared<DiffOptions>();
     command.add_option("OLD", words->old, "A record, as for text")->required();
     command.add_option("NEW", words->now.record, "A record; two folders are compared image by image")->required();
-    CLI::Option *const lines = command.add_flag("--commands", words->commands, "Only the lines of delta mode");
+    CLI::Option *const lines = command.add_flag(
+        "--commands", words->commands, "Only the lines of delta mode; of two folders, for their running images");
     command.add_flag("--json", words->json, "As JSON")->excludes(lines);
     command.add_flag("--secrets", words->secrets, "Secrets and reserved bytes as they are");
     addPlatform(command, words->now);
@@ -195,6 +199,7 @@ void addExplain(CLI::App &app, Output &output) {
         command.add_option("--field", words->explain.field, "The lines that change with this field, in both modes");
     field->type_name("PATH")->excludes(lines);
     command.add_flag("--delta", words->explain.delta, "Lines of the text of what differs from the default image");
+    command.add_flag("--secrets", words->explain.secrets, "Secrets and reserved bytes as they are");
     command.callback([words, &output] {
         if (words->explain.lines.empty() && words->explain.field.empty())
             throw CLI::ValidationError("found neither a LINE nor --field; expected one of them");
@@ -212,6 +217,7 @@ void addAnnotate(CLI::App &app, Output &output) {
     addInput(command, words->input);
     command.add_flag("--delta", words->annotate.delta, "Only what differs from the default image");
     command.add_flag("--json", words->annotate.json, "As JSON");
+    command.add_flag("--secrets", words->annotate.secrets, "Secrets and reserved bytes as they are");
     command.callback([words, &output] { annotate(loadInput(words->input), words->annotate, output); });
 }
 
@@ -220,6 +226,25 @@ constexpr Command commands[] = {addText, addShow, addDiff, addMask, addCheck, ad
 int complain(const std::string &message) {
     std::cerr << program << ": " << message << '\n';
     return trouble;
+}
+
+/// The names of the commands, as words of a sentence.
+std::string namesOf(const CLI::App &app) {
+    std::string names;
+    const std::vector<const CLI::App *> all = app.get_subcommands([](const CLI::App *) { return true; });
+    for (std::size_t i = 0; i < all.size(); ++i)
+        names += (i == 0 ? "" : i + 1 == all.size() ? " or " : ", ") + all[i]->get_name();
+    return names;
+}
+
+/// Throws for a first word that is no command: the parser would only say that one is required.
+void requireCommand(const CLI::App &app, std::string_view word) {
+    const bool isOption = word.size() > 1 && word.front() == '-';
+    if (isOption ||
+        !app.get_subcommands([&](const CLI::App *command) { return command->check_name(std::string(word)); }).empty())
+        return;
+    throw CLI::ValidationError((word.empty() ? "\"\"" : escapeText(word)) + ": there is no such command; expected " +
+                               namesOf(app));
 }
 
 } // namespace
@@ -235,6 +260,7 @@ int commandLine(int argc, char **argv) {
     Output output;
     for (const Command add : commands) add(app, output);
     try {
+        if (argc > 1) requireCommand(app, argv[1]);
         app.parse(argc, argv);
         output.flush();
     } catch (const CLI::ParseError &error) {

@@ -81,19 +81,20 @@ void explainLines(const ExplainOptions &options, Renderer &renderer, Output &out
     for (const TextLine &line : lines) {
         output << "line " + std::to_string(line.number) + ": " + escapeText(line.text) + "\n";
         output << "  emitter  " + std::string(emitterOf(line.stage)) + "\n";
-        for (const Source &source : line.sources) output << "  field    " + sourceLine(engine, source, mode) + "\n";
+        for (const Source &source : line.sources)
+            output << "  field    " + sourceLine(engine, source, mode, options.secrets) + "\n";
         if (line.sources.empty()) output << "  no field changes this line\n";
     }
 }
 
-void explainField(const std::string &path, Renderer &renderer, Output &output) {
-    const std::optional<Leaf> leaf = leafOf(path);
-    if (!leaf) throw InputError("no field is called " + path);
+void explainField(const ExplainOptions &options, Renderer &renderer, Output &output) {
+    const std::optional<Leaf> leaf = leafOf(options.field);
+    if (!leaf) throw InputError("no field is called " + options.field);
     Engine engine(renderer);
     std::vector<Source> sources;
     for (const Origin origin : origins)
         if (partOf(origin) == leaf->part()) sources.push_back({origin, *leaf});
-    output << sourceLine(engine, sources.front(), Mode::delta) + "\n";
+    output << sourceLine(engine, sources.front(), Mode::delta, options.secrets) + "\n";
     bool some = false;
     for (const Mode mode : modes) {
         // The numbers that lines have in the whole text.
@@ -126,9 +127,8 @@ void explainField(const std::string &path, Renderer &renderer, Output &output) {
 } // namespace
 
 void explain(const Input &input, const ExplainOptions &options, Output &output) {
-    const Input masked = maskedCopy(input);
-    Renderer renderer(masked);
-    if (!options.field.empty()) explainField(options.field, renderer, output);
+    Renderer renderer(options.secrets ? input : maskedCopy(input));
+    if (!options.field.empty()) explainField(options, renderer, output);
     else explainLines(options, renderer, output);
 }
 

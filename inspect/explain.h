@@ -13,10 +13,11 @@ struct ExplainOptions {
     std::vector<std::string> lines; ///< numbers, lines, or /pattern/
     std::string field;              ///< a path: the lines of this field instead
     bool delta = false;
+    bool secrets = false; ///< as they are
 };
 
 /// Prints each line that matches with its emitter and its fields, or the lines that change with a field in both modes.
-/// Secrets are masked, also where lines are matched. Throws an InputError for a line or a field that is not there.
+/// Lines are matched as they are printed. Throws an InputError for a line or a field that is not there.
 void explain(const Input &input, const ExplainOptions &options, Output &output);
 
 } // namespace inspect

@@ -101,10 +101,13 @@ prints() {
 }
 shown() { sed -n '/^\.Sh DIAGNOSTICS/,/^\.Sh SEE/ { s/""/"/g; s/^\.It "\(.*\)"$/\1/p }' "$root/$page"; }
 difference=$(cd "$scratch/messages" &&
-    prints 2 && prints 2 show && prints 2 show store --nonsense && prints 2 text store --md5 maybe &&
+    prints 2 && prints 2 nonsense && prints 2 show && prints 2 show store --nonsense && prints 2 text store --md5 maybe &&
     prints 2 show store --at x && prints 2 check && prints 2 check store --ignore nonsense &&
-    prints 2 explain store && prints 2 show store 'nonsense*' && prints 2 show store --at 262144 && prints 2 show nowhere &&
+    prints 2 explain store && prints 2 explain store nonsense && prints 2 explain store --field nonsense &&
+    prints 2 explain store '/(/' && prints 2 show builtin:nothing && prints 2 diff - - &&
+    prints 2 show store 'nonsense*' && prints 2 show store --at 262144 && prints 2 show nowhere &&
     prints 2 show short.img && prints 2 show store:nothing && prints 2 mask store -o store && cd alone &&
+    prints 1 check found.img --ignore not-recreated &&
     prints 2 text found.img && prints 2 text found.img --default builtin:default &&
     prints 2 text found.img --default builtin:default --board builtin:board &&
     prints 0 text found.img --default builtin:default --board ../store --bank 1 --md5 no &&

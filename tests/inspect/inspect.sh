@@ -1,12 +1,13 @@
 #!/bin/bash
 # textcfg-inspect as people call it: what it prints, its statuses, and that no secret is in it.
 #
-#     inspect.sh TEXTCFG_INSPECT TEXTCFG TEXTCFG_STORE
+#     inspect.sh TEXTCFG_INSPECT TEXTCFG TEXTCFG_STORE SIZED_STORES
 . "$(dirname -- "${BASH_SOURCE[0]}")/../checks/common.sh"
 
 program=$1
 textcfg=$2
 store_program=$3
+sized_stores=$4
 scratch=$(mktemp -d) || exit 1
 trap 'rm -rf "$scratch"' EXIT
 cd "$scratch" || exit 1
@@ -39,6 +40,16 @@ for words in '' nonsense show text 'show nowhere' 'show builtin:running --nonsen
     [[ ! -s out ]] || found "$words: wrote on standard output"
     says err '^textcfg-inspect: '
 done
+
+commands=$("$program" --help | sed -n '/^Subcommands:/,$ s/^  \([a-z]*\) .*/\1/p' | paste -sd , |
+    sed 's/,/, /g; s/\(.*\), /\1 or /')
+for words in foo help 'foo show builtin:running' 'help --help'; do
+    # shellcheck disable=SC2086 # words
+    call 2 $words
+    says err "^textcfg-inspect: ${words%% *}: there is no such command; expected $commands\$"
+done
+call 2 ''
+says err '^textcfg-inspect: "": there is no such command; '
 
 # Fields, one line each.
 call 0 show builtin:running 'ports[3].speed'
@@ -99,6 +110,15 @@ for words in '' --json --delta '--delta --json'; do
     call 0 annotate builtin:running $words
     cmp -s first out || found "annotate $words: not the same twice"
 done
+for words in '' --json; do
+    # shellcheck disable=SC2086 # words
+    call 0 annotate builtin:running $words --secrets
+    grep -qF -- "$password" out || found "annotate $words --secrets: masks a secret"
+done
+call 0 explain builtin:running --field 'users[1].password'
+grep -qF -- "$password" out && found "explain --field: prints a secret"
+call 0 explain builtin:running --field 'users[1].password' --secrets
+grep -qF -- "$password" out || found "explain --field --secrets: masks a secret"
 # Every line is there, in its order; blanks at the end of lines too.
 call 0 annotate builtin:running
 sed -n 's/^[0-9][0-9]*  //p' out >lines
@@ -141,6 +161,19 @@ says err "default: the built-in example's"
 "$program" show builtin:running --all --json | head -n 1 >/dev/null
 status=${PIPESTATUS[0]}
 ((status == 141)) || found "a reader that leaves: status $status, not that of SIGPIPE"
+# The text of the largest store does not fit into a pipe: the reader leaves before all of it is written.
+mkdir largest
+"$sized_stores" largest largest || found "no largest store"
+call 0 text largest --bank 1 --md5 no
+(($(stat -c %s out) > 131072)) || found "the largest text is small: $(stat -c %s out) bytes"
+"$program" text largest --bank 1 --md5 no 2>err | head -n 1 >/dev/null
+status=${PIPESTATUS[0]}
+((status == 141)) || found "text, a reader that leaves: status $status, not that of SIGPIPE"
+[[ ! -s err ]] || found "text, a reader that leaves: $(head -c 300 err)"
+"$program" text builtin:running 2>err | head -n 1 >/dev/null
+status=${PIPESTATUS[0]}
+((status == 0 || status == 141)) || found "a short text, a reader that leaves: status $status"
+[[ ! -s err ]] || found "a short text, a reader that leaves: $(head -c 300 err)"
 status=0
 "$program" text builtin:running >/dev/full 2>err || status=$?
 ((status == 2)) || found "a full output: status $status"
@@ -156,6 +189,8 @@ says out '^Delta lines alone do not always turn OLD into NEW: '
 call 1 diff builtin:startup builtin:running --commands
 [[ $(head -n 1 out) == configure ]] || found "diff --commands prints more than lines: $(head -n 1 out)"
 says out '^ntp server2 198.51.100.11$'
+call 0 diff --help
+says out '^ *--commands .*; of two folders, for their running images$'
 call 2 diff builtin:startup
 call 2 diff builtin:startup nowhere
 call 2 diff builtin:startup builtin:running --commands --json
@@ -217,7 +252,18 @@ done
 sed -i s/none/md5/ changed/platform.conf
 printf 'x' | dd of=changed/board.img bs=1 seek=200 conv=notrunc status=none
 printf 'x' | dd of=changed/startup.img bs=1 seek=30 conv=notrunc status=none
+for words in '' '--delta --secrets'; do
+    # shellcheck disable=SC2086 # words
+    call 0 annotate store --json $words
+    as_schema "annotate --json $words"
+done
 rm changed/customer_default.img
+cp -r store other
+cp changed/startup.img other
+call 1 diff store other
+says out '^startup:$'
+call 0 diff store other --commands
+[[ ! -s out ]] || found "diff --commands of folders compares more than the running images: $(head -n 1 out)"
 for words in 'builtin:startup builtin:running' 'store changed' 'store changed --secrets' 'zero.img store:running' \
     'store:running zero.img --secrets'; do
     # shellcheck disable=SC2086 # words

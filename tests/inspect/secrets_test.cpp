@@ -183,6 +183,9 @@ TEST_F(Secrets, AreShownWhereTheyAreAskedFor) {
                                                   {"diff", plain, folder, "--secrets"},
                                                   {"diff", plain, folder, "--json", "--secrets"},
                                                   {"diff", plain, folder, "--commands", "--secrets"},
+                                                  {"explain", folder, "/ secret /", "--secrets"},
+                                                  {"explain", folder, "--field", "users[1].password", "--secrets"},
+                                                  {"annotate", folder, "--delta", "--secrets"},
                                                   {"text", folder}})
         EXPECT_NE(runProgram(words).out.find("Zq"), std::string::npos) << words[0];
     EXPECT_NE(runProgram({"show", folder, "time.reserved77", "--secrets"}).out.find("5a71"), std::string::npos);

@@ -33,13 +33,17 @@ std::string golden(const std::string &name) {
 }
 
 TEST_F(Text, IsThatOfTheDriverOfEachVerb) {
-    for (std::uint32_t seed = 0; seed < shareOf(200); ++seed) {
+    const std::uint32_t stores = 200;
+    const bool isSlow = shareOf(stores) != stores;
+    std::size_t compared = 0;
+    for (std::uint32_t seed = 0; seed < shareOf(stores); ++seed) {
         composeStore(seed, *store_);
         const std::string folder = writeStore("store", *store_);
-        // Each store by one verb of each selector, all verbs over four stores.
+        // Every verb for each store. Where the machine is slow this holds for the first stores only; the others have
+        // one form of the text of all four images each, another one than the store before.
         for (std::size_t i = 0; i < std::size(verbs); ++i) {
             const Verb &verb = verbs[i];
-            if (seed >= 8 && i / 4 != seed % 4) continue;
+            if (isSlow && seed >= 8 && i / 4 != seed % 4) continue;
             std::string expected;
             {
                 const inspect::Renderer renderer(store_->images[verb.selector], store_->images[MAPI_CONFIG_DEFAULT],
@@ -52,8 +56,10 @@ TEST_F(Text, IsThatOfTheDriverOfEachVerb) {
             const Ran ran = runProgram(wordsOf(verb, folder));
             ASSERT_EQ(ran.status, 0) << ran.err;
             ASSERT_TRUE(ran.out == expected) << verb.word << ", seed " << seed;
+            ++compared;
         }
     }
+    if (!isSlow) EXPECT_EQ(compared, std::size(verbs) * stores);
 }
 
 TEST_F(Text, IsTheWrittenOneOfTheBuiltInStoreOnEachBoard) {
