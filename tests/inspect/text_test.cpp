@@ -59,7 +59,9 @@ TEST_F(Text, IsThatOfTheDriverOfEachVerb) {
             ++compared;
         }
     }
-    if (!isSlow) EXPECT_EQ(compared, std::size(verbs) * stores);
+    if (!isSlow) {
+        EXPECT_EQ(compared, std::size(verbs) * stores);
+    }
 }
 
 TEST_F(Text, IsTheWrittenOneOfTheBuiltInStoreOnEachBoard) {
