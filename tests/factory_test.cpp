@@ -1,4 +1,4 @@
-/// The built-in store's whole texts, on each kind of board.
+/// The built-in store's whole texts, on each kind of board, and those of each of its images.
 #include "rows.h"
 
 #include "app/drivers.h"
@@ -13,6 +13,8 @@ struct Page {
     void (*driver)();
     void (*board)(BoardRecord &board);
     bool md5;
+    void (*current)(ConfigImage &image) = factory::composeRunning;
+    void (*defaults)(ConfigImage &image) = factory::composeDefault;
 };
 
 void asItIs(BoardRecord &) {}
@@ -28,8 +30,8 @@ class FactoryText : public testing::TestWithParam<Page> {};
 TEST_P(FactoryText, IsAsWritten) {
     const Page &page = GetParam();
     resetAll();
-    factory::composeRunning(*gSysConfig);
-    factory::composeDefault(*gDefConfig);
+    page.current(*gSysConfig);
+    page.defaults(*gDefConfig);
     factory::composeBoard(g_EEPROM);
     page.board(g_EEPROM);
     platform.passwordMethod = page.md5 ? 1 : 0;
@@ -52,7 +54,13 @@ INSTANTIATE_TEST_SUITE_P(
                     Page{"factory_full_5027.txt", convConfig, type5027, false},
                     Page{"factory_delta_5027.txt", convDeltaConfig, type5027, false},
                     Page{"factory_full_md5.txt", convConfig, asItIs, true},
-                    Page{"factory_delta_md5.txt", convDeltaConfig, asItIs, true}),
+                    Page{"factory_delta_md5.txt", convDeltaConfig, asItIs, true},
+                    Page{"factory_default_full.txt", convDefConfig, asItIs, false, factory::composeDefault},
+                    Page{"factory_customer_default_delta.txt", convDeltaConfig, asItIs, false,
+                         factory::composeCustomerDefault},
+                    // What saving would change, the other way round: the values that were saved.
+                    Page{"factory_startup_since_running.txt", convDeltaConfig, asItIs, false, factory::composeStartup,
+                         factory::composeRunning}),
     [](const auto &row) {
         const std::string name = row.param.golden;
         return name.substr(0, name.find('.'));
