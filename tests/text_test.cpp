@@ -300,6 +300,66 @@ TEST_F(TextBuffer, LineWriter) {
     EXPECT_EQ('\0', LineBuffer[0]);
 }
 
+/// What `write` puts into a line that has room for `room` more characters; "too long" if it does not fit.
+template <class Write> std::string written(std::size_t room, Write write) {
+    clearText();
+    LineWriter line;
+    for (std::size_t used = 16383 - room; used > 0; --used) line.put('z');
+    write(line);
+    line.finish();
+    return textOverflowed() ? "too long" : Temp_Configuration + 16383 - room;
+}
+
+TEST_F(TextBuffer, EntriesOfALine) {
+    const auto entry = [](std::size_t room, char separator, std::uint32_t number) {
+        return written(room, [=](LineWriter &line) { line.putEntry(separator, number); });
+    };
+    const struct {
+        std::uint32_t number;
+        const char *text;
+    } numbers[] = {{0, ",0"},     {1, ",1"},     {9, ",9"},       {10, ",10"},
+                   {11, ",11"},   {28, ",28"},   {99, ",99"},     {100, ",100"},
+                   {101, ",101"}, {999, ",999"}, {4094, ",4094"}, {UINT32_MAX, ",4294967295"}};
+    for (const auto &[number, text] : numbers) {
+        EXPECT_EQ(text, entry(1000, ',', number));
+        EXPECT_EQ(text + 1, entry(1000, '\0', number)) << number;
+        // The last of a line that is as long as can be.
+        const std::size_t length = std::strlen(text);
+        EXPECT_EQ(text, entry(length, ',', number));
+        EXPECT_EQ(text + 1, entry(length - 1, '\0', number)) << number;
+        EXPECT_EQ("too long", entry(length - 1, ',', number)) << number;
+        EXPECT_EQ("too long", entry(length - 2, '\0', number)) << number;
+    }
+    EXPECT_EQ("x7", entry(2, 'x', 7)) << "any separator";
+}
+
+TEST_F(TextBuffer, ListsOfALine) {
+    const struct {
+        std::uint32_t set;
+        const char *runs;
+        const char *each;
+    } lists[] = {
+        {0, "", ""},
+        {1, "1", "1"},
+        {0x80000000, "32", "32"},
+        {0x80000001, "1,32", "1,32"},
+        {0xc0000000, "31,32", "31,32"},
+        {0xe0000000, "30-32", "30,31,32"},
+        {0x0000001b, "1,2,4,5", "1,2,4,5"},
+        {0x000000ef, "1-4,6-8", "1,2,3,4,6,7,8"},
+        {0x7fffffff, "1-31", "1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17,18,19,20,21,22,23,24,25,26,27,28,29,30,31"},
+        {0xfffffffe, "2-32", "2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17,18,19,20,21,22,23,24,25,26,27,28,29,30,31,32"},
+        {0xffffffff, "1-32", "1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17,18,19,20,21,22,23,24,25,26,27,28,29,30,31,32"},
+    };
+    for (const auto &list : lists) {
+        EXPECT_EQ(list.runs, written(1000, [&](LineWriter &line) { line.putRuns(list.set); }));
+        EXPECT_EQ(list.each, written(1000, [&](LineWriter &line) { line.putEach(list.set); }));
+    }
+    EXPECT_EQ("7", written(1000, [](LineWriter &line) { line.putRun('\0', 7, 7); }));
+    EXPECT_EQ(";7,8", written(1000, [](LineWriter &line) { line.putRun(';', 7, 8); }));
+    EXPECT_EQ(",98-100", written(1000, [](LineWriter &line) { line.putRun(',', 98, 100); }));
+}
+
 // ------------------------------------------------------------------------------------------------------------ overflow
 
 /// Appends that put `length` characters into the text, 1 to 10.
