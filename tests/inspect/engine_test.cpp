@@ -1,10 +1,9 @@
 /// Fields that are varied, and the lines that change with them.
+#include "builtin_store.h"
+
 #include "inspect/engine.h"
-#include "platform/host/factory.h"
 
 #include <gtest/gtest.h>
-
-#include <memory>
 
 namespace {
 
@@ -76,20 +75,6 @@ TEST(Engine, ValuesAreThoseThatCanShow) {
     EXPECT_EQ(variationsOf(*leafOf("service.reserved0"), Bytes(4).data(), other.data()), std::vector<Bytes>{other});
 }
 
-struct Store {
-    ConfigImage running;
-    ConfigImage defaults;
-    BoardRecord board;
-};
-
-std::unique_ptr<Store> builtin() {
-    auto store = std::make_unique<Store>();
-    factory::composeRunning(store->running);
-    factory::composeDefault(store->defaults);
-    factory::composeBoard(store->board);
-    return store;
-}
-
 std::size_t stageOf(std::string_view emitter) {
     std::size_t stage = 0;
     while (emitterOf(stage) != emitter) ++stage;
@@ -97,7 +82,7 @@ std::size_t stageOf(std::string_view emitter) {
 }
 
 TEST(Engine, AFieldHasItsLines) {
-    const auto store = builtin();
+    const auto store = builtinStore();
     store->running.switchConfig.macAgingTime = 300;
     store->defaults.switchConfig.macAgingTime = 300;
     Renderer renderer(store->running, store->defaults, store->board, {1, false});
@@ -120,7 +105,7 @@ TEST(Engine, AFieldHasItsLines) {
 }
 
 TEST(Engine, TheHeaderAndTheSettingsAreThereToo) {
-    const auto store = builtin();
+    const auto store = builtinStore();
     Renderer renderer(store->running, store->defaults, store->board, {1, false});
     Engine engine(renderer);
     const std::vector<Influence> bank =

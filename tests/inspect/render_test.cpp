@@ -1,34 +1,20 @@
 /// Texts rendered in memory, again and again.
+#include "builtin_store.h"
+
 #include "app/text/text.h"
 #include "inspect/render.h"
-#include "platform/host/factory.h"
 
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <memory>
 #include <vector>
 
 namespace {
 
 using namespace inspect;
 
-struct Store {
-    ConfigImage running;
-    ConfigImage defaults;
-    BoardRecord board;
-};
-
-std::unique_ptr<Store> builtin() {
-    auto store = std::make_unique<Store>();
-    factory::composeRunning(store->running);
-    factory::composeDefault(store->defaults);
-    factory::composeBoard(store->board);
-    return store;
-}
-
 TEST(Render, EqualImagesGiveEqualTextsAndStayAsTheyAre) {
-    const auto store = builtin();
+    const auto store = builtinStore();
     Renderer renderer(store->running, store->defaults, store->board, {1, false});
     for (const bool delta : {false, true})
         for (const bool page : {false, true}) {
@@ -43,7 +29,7 @@ TEST(Render, EqualImagesGiveEqualTextsAndStayAsTheyAre) {
 }
 
 TEST(Render, AStepGivesItsLines) {
-    const auto store = builtin();
+    const auto store = builtinStore();
     Renderer renderer(store->running, store->defaults, store->board, {1, false});
     renderer.current().switchConfig.macAgingTime = 123;
     renderer.defaults().switchConfig.macAgingTime = 123;
@@ -59,7 +45,7 @@ TEST(Render, AStepGivesItsLines) {
 }
 
 TEST(Render, TheBankAndTheFormOfPasswordsAreSettings) {
-    const auto store = builtin();
+    const auto store = builtinStore();
     Renderer renderer(store->running, store->defaults, store->board, {2, false});
     EXPECT_TRUE(renderer.text(driverOf(false, false, false)).starts_with("# VERSION 5036 6000 V2.4.0 MAC "));
     renderer.settings().bank = 3;
@@ -79,7 +65,7 @@ TEST(Render, TheBankAndTheFormOfPasswordsAreSettings) {
 }
 
 TEST(Render, ATextThatDoesNotFitIsAnError) {
-    const auto store = builtin();
+    const auto store = builtinStore();
     Renderer renderer(store->running, store->defaults, store->board, {1, false});
     for (TagVlan &vlan : renderer.current().tagVlans) {
         vlan.inUse = 1;
@@ -93,7 +79,7 @@ TEST(Render, ATextThatDoesNotFitIsAnError) {
 }
 
 TEST(Render, OneAtATime) {
-    const auto store = builtin();
+    const auto store = builtinStore();
     const Renderer renderer(store->running, store->defaults, store->board, {1, false});
     EXPECT_THROW(Renderer(store->running, store->defaults, store->board, {1, false}), std::logic_error);
 }
