@@ -2,7 +2,9 @@
 import argparse
 import concurrent.futures
 import contextlib
+import ctypes
 import fnmatch
+import math
 import os
 import random
 import re
@@ -188,6 +190,17 @@ def units(code):
     return found
 
 
+ASSIGNMENT = re.compile(r"([\w.\[\]]+) = ([^;=]+);")
+
+
+def are_independent(first, second):
+    """Whether these are two assignments to different fields, of which neither reads the other."""
+    one, other = ASSIGNMENT.fullmatch(first), ASSIGNMENT.fullmatch(second)
+    if not one or not other or one[1].startswith(other[1]) or other[1].startswith(one[1]):
+        return False
+    return re.fullmatch(r"\w+", one[1]) is None and one[1] not in other[2] and other[1] not in one[2]
+
+
 def changes(text):
     """Every change as (start, end, new, kind)."""
     code = blanked(text)
@@ -234,7 +247,7 @@ def changes(text):
         end = closing(code, match.start())
         if end < 0 or ";" in code[match.end():end]:
             continue
-        if re.search(r"\b(same[A-Z]\w*|str\w*cmp|memcmp)$", code[:match.start()]):
+        if re.search(r"\b(same[A-Z]\w*|str\w*cmp|memcmp|reading)$", code[:match.start()]):
             continue  # alike both ways
         if re.search(r"\b(code|appendValueLine)\([^(){};]*$", code[:match.start()]):
             continue  # a value and its line: one of them is chosen, wherever it is in the list
@@ -261,7 +274,7 @@ def changes(text):
             continue
         if first.startswith("case ") and second.startswith(("case ", "default")):
             continue  # the order of cases says nothing
-        if first.rstrip(",") == second.rstrip(","):
+        if first.rstrip(",") == second.rstrip(",") or are_independent(first, second):
             continue
         if first.endswith(",") != second.endswith(",") and "," in (first[-1], second[-1]):
             continue  # the last row, which `order` has
@@ -294,17 +307,25 @@ class Failure(Exception):
     pass
 
 
-def limits():
+LIBC = ctypes.CDLL(None)
+PR_SET_PDEATHSIG = 1
+
+
+def limits(processor_seconds):
     os.setsid()
+    LIBC.prctl(PR_SET_PDEATHSIG, signal.SIGKILL)  # a changed program may never end: it ends with this one
     resource.setrlimit(resource.RLIMIT_FSIZE, (64 << 20, 64 << 20))
     resource.setrlimit(resource.RLIMIT_AS, (2 << 30, 2 << 30))
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
+    if processor_seconds:
+        resource.setrlimit(resource.RLIMIT_CPU, (processor_seconds, processor_seconds))
 
 
-def passes(command, directory, seconds, environment=None, output=subprocess.DEVNULL):
+def passes(command, directory, seconds, environment=None, output=subprocess.DEVNULL, processor_seconds=None):
     """Whether a command ends with status 0 in that time. What it started ends with it."""
     process = subprocess.Popen(command, cwd=directory, shell=isinstance(command, str), stdin=subprocess.DEVNULL,
-                               stdout=output, stderr=subprocess.DEVNULL, preexec_fn=limits, env=environment)
+                               stdout=output, stderr=subprocess.DEVNULL, env=environment,
+                               preexec_fn=lambda: limits(processor_seconds))
     try:
         return process.wait(seconds) == 0
     except subprocess.TimeoutExpired:
@@ -313,6 +334,12 @@ def passes(command, directory, seconds, environment=None, output=subprocess.DEVN
         if process.returncode is None:
             os.killpg(process.pid, signal.SIGKILL)
             process.wait()
+
+
+def processor_time():
+    """Seconds of the processor that everything took that was started so far and has ended."""
+    used = resource.getrusage(resource.RUSAGE_CHILDREN)
+    return used.ru_utime + used.ru_stime
 
 
 NOTICED, UNNOTICED, UNCHANGED = "noticed", "unnoticed", "unchanged"
@@ -325,6 +352,7 @@ class Program:
     def __init__(self, name, link, binary, sources):
         self.name, self.link, self.binary, self.sources = name, link, binary, sources
         self.suites, self.alone, self.seconds = {}, [], 300
+        self.processor_seconds = None  # at most, for all tests
         self.slow = []     # suites that take long; they run last
         self.learned = {}  # of each file, the suites that noticed changes of it so far, with how many
 
@@ -348,10 +376,11 @@ class Build:
         self.lock, self.lock_alone, self.headers_lock = threading.Lock(), threading.Lock(), threading.Lock()
         self.headers, self.unchanged = {}, {}
         for program in self.programs:
-            began = time.time()
+            began, used = time.time(), processor_time()
             if not self.passes_all(program, program.binary, "", 0):
                 raise Failure(f"the tests fail as it is: {program.binary}")
             program.seconds = 20 + 10 * (time.time() - began)
+            program.processor_seconds = 2 + math.ceil(2 * (processor_time() - used))
             self.find_slow(program)
 
     def find_slow(self, program):
@@ -446,58 +475,65 @@ class Build:
         """What comes of a change: it is noticed by the compiler or a test, or it is unnoticed; or the compiler proves
         that it changes nothing. `scratch` is a folder of its own; `tests_passed` says that the tests that are linked
         with the program's code do not notice it."""
-        if self.notices(mutant, scratch, tests_passed):
+        file, text = mutant.file, (self.copy / mutant.file).read_text()
+        overlay = self.overlay(file, text[:mutant.start] + mutant.new + text[mutant.end:], scratch)
+        if file not in self.objects:
+            return self.judge_header(mutant, overlay, scratch)
+        objects = self.compile([file], overlay, scratch)
+        if objects is None or not self.survives(file, objects, scratch, tests_passed=tests_passed):
             return NOTICED
         return UNCHANGED if self.changes_nothing(mutant, scratch) else UNNOTICED
 
-    def notices(self, mutant, scratch, tests_passed=False):
-        """Whether the compiler or a test notices the change."""
-        file, text = mutant.file, (self.copy / mutant.file).read_text()
-        overlay = self.overlay(file, text[:mutant.start] + mutant.new + text[mutant.end:], scratch)
-        users = sorted(self.users.get(file, []))
-        if not users:
-            return False
-        if file in self.objects:
-            objects = self.compile([file], overlay, scratch)
-            return objects is None or not self.survives(file, objects, scratch, tests_passed=tests_passed)
-
-        # A header. Most that does not compile is noticed by it alone, and most else by a few of its users, which are
-        # compiled first. Their objects go in front, so that their inline functions are the ones taken.
-        changed = overlay / file
-        command = self.command(users[0], overlay, changed, None)
-        command += self.including(self.system_headers(users[0]))
-        if not passes(f"{command} -w -fsyntax-only -x c++ {changed}", self.binary, 100):
-            return True
+    def judge_header(self, mutant, overlay, scratch):
+        # Most is noticed by a few of the header's users, which are compiled first. Their objects go in front, so that
+        # their inline functions are the ones taken.
+        file, users = mutant.file, sorted(self.users[mutant.file])
         tests = [source for source in users if source.endswith("_test.cpp")]
         # Tests compose records and write nothing else by themselves: only where the record has changed they have to be
         # compiled anew.
-        product = [source for source in users if source not in tests]
+        product = [source for source in users if not source.startswith("tests/")]
+        support = sorted((source for source in users if source not in tests + product), reverse=True)  # rows.cpp first
         likely = [source for source in self.likely(file) if source in tests]
         stem = file.rsplit(".", 1)[0]
         near = NEAR.get(stem, [stem + ".cpp"])
         if file.startswith("sections/"):
             near = ["app/drivers.cpp"] + near
         near = [source for source in near if source in users] or product[:1]
-        # What to compile besides, and whose tests to run then; none: all tests, with nothing that is old.
-        stages = [(near, file)]
-        stages += [([source], source) for source in product if source not in near]
+        # What to compile besides, and whether all tests run then, or those of the file that take little time, or also
+        # those that take more.
+        stages = [([source], "quick") for source in near]
         if file.startswith("platform/"):
-            stages.insert(1, (likely, file))
-            stages.append((tests, None))
+            # Most that does not compile is noticed by the header alone, in a fraction of the time.
+            command = self.command(users[0], overlay, overlay / file, None) + \
+                self.including(self.system_headers(users[0]))
+            if not passes(f"{command} -w -fsyntax-only -x c++ {overlay / file}", self.binary, 100):
+                return NOTICED
+            stages.append((likely, "its own"))
         else:
-            stages.append((likely, None))
+            # What the tests share hands them the table of the order.
+            stages += [([source], "all") for source in support[:1]]
+            stages += [([source], "its own") for source in support[1:] + likely]
+        first_slow = len(stages)
+        stages += [([source], "its own") for source in product if source not in near]
+        stages.append((support + tests if file.startswith("platform/") else [], "all"))
         objects = {}
-        for sources, tested in stages:
+        for number, (sources, which) in enumerate(stages):
+            # What the first stages do not notice often is nothing, and finding that takes less than all tests.
+            if number == first_slow and self.changes_nothing(mutant, scratch.with_name(scratch.name + "-same")):
+                return UNCHANGED
             sources = [source for source in sources if source not in objects]
             more = self.compile(sources, overlay, scratch)
             if more is None:
-                return True
+                return NOTICED
             objects = {**objects, **more}
-            if tested and not sources:
+            is_last = number == len(stages) - 1
+            if not is_last and not sources:
                 continue
-            if not self.survives(tested or file, objects, scratch, others_too=not tested, in_front=bool(tested)):
-                return True
-        return False
+            tested = sources[0] if number >= first_slow and not is_last else file
+            if not self.survives(tested, objects, scratch, others_too=which == "all", in_front=not is_last,
+                                 slow_too=which != "quick"):
+                return NOTICED
+        return UNNOTICED
 
     @staticmethod
     def overlay(file, text, scratch):
@@ -564,7 +600,8 @@ class Build:
 
     def flags(self, source):
         command = re.sub(r" -MD -MT \S+ -MF \S+", "", self.objects[source][1])
-        return re.sub(r" -o \S+ -c \S+$", "", command).replace(" -O1 ", " -O0 ", 1)
+        command = re.sub(r" -Winvalid-pch -include \S+", "", command)  # made with another optimisation
+        return re.sub(r" -o \S+ -c \S+$", "", command).replace(" -O1 ", " -O0 ")
 
     @staticmethod
     def including(header):
@@ -599,7 +636,7 @@ class Build:
             return None
         return passes(re.sub(r" -o \S+", f" -o {binary}", link), self.binary, 200)
 
-    def survives(self, file, objects, scratch, others_too=True, in_front=False, tests_passed=False):
+    def survives(self, file, objects, scratch, others_too=True, in_front=False, tests_passed=False, slow_too=True):
         for program in self.programs_for(file):
             if tests_passed and program.suites:
                 continue
@@ -607,7 +644,7 @@ class Build:
             linked = self.link(program, objects, binary, in_front)
             if linked is None:
                 continue
-            if not linked or not self.passes_all(program, binary, file, 0, others_too):
+            if not linked or not self.passes_all(program, binary, file, 0, others_too, slow_too):
                 return False
         return True
 
@@ -619,7 +656,7 @@ class Build:
         tests = [source for source in self.likely(file)]
         return sorted(chosen, key=lambda program: not any(source in program.suites for source in tests))
 
-    def passes_all(self, program, binary, file, chosen, others_too=True):
+    def passes_all(self, program, binary, file, chosen, others_too=True, slow_too=True):
         """Runs a program's tests; `chosen` is the number of the change that holds, of those that it was built with.
         Those that are likely to notice a change of the file run first, and those that take long run last."""
         environment = {**os.environ, VARIABLE: str(chosen)}
@@ -638,10 +675,10 @@ class Build:
         first = [suite for suite in likely if suite not in program.slow]
         first += [suite for suite in learned[:10] if suite not in likely + slow_first]
 
-        def run(suites, alone=False):
+        def run(suites, alone=False, processor_seconds=program.processor_seconds):
             command = [str(binary), "--gtest_fail_fast", "--gtest_brief=1", "--gtest_filter=" + suites]
             with tempfile.TemporaryFile(dir=binary.parent) as output, self.lock_alone if alone else UNLOCKED:
-                good = passes(command, binary.parent, program.seconds, environment, output)
+                good = passes(command, binary.parent, program.seconds, environment, output, processor_seconds)
                 output.seek(0)
                 failed = re.search(rb"\[  FAILED  \] (\S+?)\.", output.read(1 << 20))
             if not good and failed:
@@ -650,9 +687,12 @@ class Build:
                     program.learned[file][suite] = program.learned[file].get(suite, 0) + 1
             return good
 
-        if first and not run(":".join(first), any(suite in program.alone for suite in first)):
+        # What never ends must not take all of the time; the quick tests take a fraction of a second.
+        if first and not run(":".join(first), any(suite in program.alone for suite in first), processor_seconds=2):
             return False
-        stages = [slow_first, None, slow] if others_too else [[suite for suite in program.slow if suite in likely]]
+        stages = [slow_first, None, slow]
+        if not others_too:
+            stages = [[suite for suite in program.slow if suite in likely and slow_too]]
         for stage in stages:
             rest = "*-" + ":".join(first + program.slow + program.alone)
             if stage != [] and not run(rest if stage is None else ":".join(stage)):
@@ -680,7 +720,10 @@ class Build:
         with own.open() as text:
             result = subprocess.run(f"{flags} -Os -w -x c++ -S -o - -", shell=True, cwd=self.binary, stdin=text,
                                     stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
-        made = result.stdout if result.returncode == 0 else os.urandom(16)
+        # The numbers of its labels count what was declared before.
+        numbers = {}
+        made = re.sub(rb"\.L[A-Z]*\d+", lambda label: b"%d" % numbers.setdefault(label[0], len(numbers)), result.stdout)
+        made = made if result.returncode == 0 else os.urandom(16)
         if overlay is None:
             self.unchanged[source] = made
         return made
@@ -970,6 +1013,9 @@ def main():
         return 0
 
     work.mkdir(parents=True, exist_ok=True)
+    for folder in work.glob("mutant-*"):  # left by a run that was killed
+        if not Path("/proc", folder.name.split("-")[1]).exists():
+            shutil.rmtree(folder, ignore_errors=True)
     print(f"building in {work}", flush=True)
     with path_without_blanks(work) as place:
         results = try_all(Build(tree, place), tried, texts, options, place)
@@ -981,9 +1027,8 @@ def main():
     if not options.explained and options.sample is None:
         print_scores(mutants, types, unnoticed)
     told = "noticed though explained" if options.explained else "unnoticed and not explained"
-    used = resource.getrusage(resource.RUSAGE_CHILDREN)
     print(f"{len(tried)} changes, {findings} {told}; {time.time() - BEGAN:.0f} s, "
-          f"{used.ru_utime + used.ru_stime:.0f} s of processor time")
+          f"{processor_time():.0f} s of processor time")
     return 1 if findings or stale else 0
 
 
@@ -1010,7 +1055,7 @@ def try_all(build, mutants, texts, options, work):
             raise Failure(f"{file}: no program of the tests is built from it")
     began, results = time.time(), {}
     worth_telling = NOTICED if options.explained else UNNOTICED
-    places, guard = list(range(options.jobs)), threading.Lock()
+    places, guard, stopped = list(range(options.jobs)), threading.Lock(), threading.Event()
     tasks = []
     for file, text in texts.items():
         groups, alone = shared(text, [mutant for mutant in mutants if mutant.file == file])
@@ -1018,6 +1063,8 @@ def try_all(build, mutants, texts, options, work):
     tasks.sort(key=len, reverse=True)
 
     def tell(mutant, result):
+        if stopped.is_set():
+            raise Failure("stopped")
         with guard:
             results[mutant] = result
             if result == worth_telling:
@@ -1046,6 +1093,7 @@ def try_all(build, mutants, texts, options, work):
             for future in concurrent.futures.as_completed(running):
                 future.result()
         except BaseException:
+            stopped.set()
             for future in running:
                 future.cancel()
             raise
@@ -1071,6 +1119,7 @@ def print_scores(mutants, types, unnoticed):
 
 
 if __name__ == "__main__":
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))
     try:
         sys.exit(main())
     except (Failure, OSError, UnicodeError) as failure:
