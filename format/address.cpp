@@ -37,8 +37,10 @@ void appendServer(const AddressText &server, Format<AddressText> line, Line none
 }
 
 AddressText mappedOrIpv6(const Ipv6 &address) {
-    const bool dotted = utilIpv6AddrIsIpv4(address.octets) != 0 || isZero(address);
-    return dotted ? textOf(address.lastFour()) : textOf(address);
+    if (utilIpv6AddrIsIpv4(address.octets) == 0 && !isZero(address)) return textOf(address);
+    AddressText text;
+    utilIp2IpStr(address.lastFour(), text.text);
+    return text;
 }
 
 HexText hexOf(const u8 (&bytes)[2]) {
@@ -47,16 +49,20 @@ HexText hexOf(const u8 (&bytes)[2]) {
     return text;
 }
 
+void writePorts(const PortBitmap &ports, PortSetText &text) {
+    utilPortBitmap2str(text.text, ports.bytes, portCount, portCount);
+}
+
 PortSetText textOf(const PortBitmap &ports) {
     PortSetText text;
-    utilPortBitmap2str(text.text, ports.bytes, portCount, portCount);
+    writePorts(ports, text);
     return text;
 }
 
 bool noPort(const PortBitmap &ports) { return utilBitmapIsAllClear(ports.bytes, portCount) == 1; }
 
-PortBitmap complementOf(const PortBitmap &ports) {
-    PortBitmap complement = {};
+WorkingPorts complementOf(const PortBitmap &ports) {
+    WorkingPorts complement = {};
     utilBitmapSetAll(complement.bytes, portCount);
     utilBitmapNand(complement.bytes, ports.bytes, portCount + 1);
     return complement;

@@ -50,7 +50,7 @@ AddressText mappedOrIpv6(const Ipv6 &address);
 
 /// Hexadecimal digits of two bytes.
 struct HexText {
-    char text[5] = {};
+    char text[UTIL_DIGITS_SIZE] = {};
 };
 template <> struct Formatted<HexText> : FormattedText {
     static constexpr void put(Argument *&to, const HexText &digits) { *to++ = {digits.text, sizeof digits.text}; }
@@ -69,10 +69,17 @@ template <> struct Formatted<PortSetText> : FormattedText {
     static constexpr void put(Argument *&to, const PortSetText &ports) { *to++ = {ports.text, sizeof ports.text}; }
 };
 
+/// Written over `text` as it is.
+void writePorts(const PortBitmap &ports, PortSetText &text);
+
+/// The same into a text of its own.
 PortSetText textOf(const PortBitmap &ports);
 
 /// Whether no port from 1 to 28 is set.
 bool noPort(const PortBitmap &ports);
 
+/// A set for the platform to change, which may do that by words.
+struct alignas(std::uint32_t) WorkingPorts : PortBitmap {};
+
 /// All 28 ports but those of `ports`. The width of 29, one more than there are ports, is the switch's own.
-PortBitmap complementOf(const PortBitmap &ports);
+WorkingPorts complementOf(const PortBitmap &ports);

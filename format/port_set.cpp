@@ -4,8 +4,8 @@
 
 PortSet portsIn(const u8 *bitmap) {
     PortSet ports;
-    for (int port = portCount; port-- != 0;) // it answers 1 or 0
-        ports.bits = ports.bits << 1 | static_cast<std::uint32_t>(utilBitmapCheck(bitmap, port));
+    for (int port = 0; port < portCount; ++port)
+        ports.bits |= static_cast<std::uint32_t>(utilBitmapCheck(bitmap, port) == 1) << port;
     return ports;
 }
 

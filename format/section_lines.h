@@ -135,7 +135,9 @@ template <class Record> struct SectionLines {
     }
     /// The same for what `of` makes of a record.
     template <class Of> [[gnu::always_inline]] bool dueBy(Of of) const {
-        return full || !(of(current) == of(defaults));
+        if (full) return true;
+        const auto now = of(current);
+        return !(now == of(defaults));
     }
 
     /// Appends the mode's form of a line.

@@ -131,7 +131,7 @@ struct Ipv6 {
     u8 octets[16];
 
     /// The last four octets: the IPv4 address of an IPv4-mapped one.
-    constexpr Ipv4 lastFour() const { return {{octets[12], octets[13], octets[14], octets[15]}}; }
+    constexpr const u8 *lastFour() const { return octets + 12; }
 };
 
 /// Set of numbers: bit n is bit n mod 8, least significant first, of byte n / 8. In a set of ports, bit n is port

@@ -19,6 +19,8 @@ extern "C" {
 #define UTIL_PORT_LIST_SIZE 80
 /** Bytes of an address text, IPv4 or IPv6, the NUL among them. */
 #define UTIL_ADDRESS_SIZE 64
+/** Bytes of the text of two bytes in hexadecimal, the NUL among them: four digits, and what a platform sets around them. */
+#define UTIL_DIGITS_SIZE 32
 /** Bytes of each field that `utilParseArgs` fills, the NUL among them. */
 #define UTIL_FIELD_SIZE 64
 
@@ -56,7 +58,7 @@ int utilIpv6AddrIsZero(const void *address);
 /** Returns non-zero if the sixteen octets at `address` carry an IPv4 address (::ffff:a.b.c.d). */
 int utilIpv6AddrIsIpv4(const void *address);
 
-/** Writes the `length` bytes at `bytes` as hexadecimal digits to `text` (two a byte and a NUL). Called with 2. */
+/** Writes the `length` bytes at `bytes` as hexadecimal digits to `text` (UTIL_DIGITS_SIZE bytes). Called with 2. */
 void utilAry2Str(const void *bytes, int length, char *text);
 
 /**

@@ -8,9 +8,11 @@ static int write(const SectionLines<Ipv4Interface> &ip) {
     // Full mode has a line for the two known modes only; in delta mode every mode but 1 is off.
     if (ip.full) ip.code(&Ipv4Interface::dhcpMode, {{1, "ip address dhcp\n"}, {0, "no ip address dhcp\n"}});
     else ip.code(&Ipv4Interface::dhcpMode, {{1, "ip address dhcp\n"}}, "no ip address dhcp\n");
-    if (ip.due(&Ipv4Interface::address) || ip.due(&Ipv4Interface::mask) || ip.due(&Ipv4Interface::gateway))
-        append("ip address %s %s %s\n", textOf(ip.current.address), textOf(ip.current.mask),
-               textOf(ip.current.gateway));
+    if (ip.due(&Ipv4Interface::address) || ip.due(&Ipv4Interface::mask) || ip.due(&Ipv4Interface::gateway)) {
+        const AddressText address = textOf(ip.current.address); // the platform is asked in the order of the line
+        const AddressText mask = textOf(ip.current.mask);
+        append("ip address %s %s %s\n", address, mask, textOf(ip.current.gateway));
+    }
     ip.onOff(&Ipv4Interface::enabled, "ip enable\n", "no ip enable\n");
     return 0;
 }
@@ -42,8 +44,10 @@ static int write(const SectionLines<Ipv6Interface> &ipv6) {
         append("ipv6 address link-local %s/%d\n", linkLocal(current), current.linkLocalPrefixLength);
     const auto global = [](const Ipv6Interface &from) { return textOf(from.global); };
     const auto gateway = [](const Ipv6Interface &from) { return textOf(from.gateway); };
-    if (ipv6.dueBy(global) || ipv6.due(&Ipv6Interface::globalPrefixLength) || ipv6.dueBy(gateway))
-        append("ipv6 address global %s/%d %s\n", global(current), current.globalPrefixLength, gateway(current));
+    if (ipv6.dueBy(global) || ipv6.due(&Ipv6Interface::globalPrefixLength) || ipv6.dueBy(gateway)) {
+        const AddressText address = global(current);
+        append("ipv6 address global %s/%d %s\n", address, current.globalPrefixLength, gateway(current));
+    }
     ipv6.onOff(&Ipv6Interface::rapidCommit, "ipv6 address dhcp rapid-commit\n", "no ipv6 address dhcp rapid-commit\n");
     ipv6.code(&Ipv6Interface::dhcpMode, {{1, "ipv6 address dhcp auto\n"}, {2, "ipv6 address dhcp force\n"}},
               "no ipv6 address dhcp\n");

@@ -53,9 +53,9 @@ static int write(const SectionLines<Isolation> &isolation) {
     const Isolation &current = isolation.current;
     if (!noPort(current.uplinks) && isolation.dueBy(uplinks))
         isolation.append({"vlan isolation up-link-port %s \n", "vlan isolation up-link-port %s\n"}, uplinks(current));
-    if (!noPort(complementOf(current.uplinks)) && isolation.dueBy(others))
-        isolation.append({"no vlan isolation up-link-port %s \n", "no vlan isolation up-link-port %s\n"},
-                         others(current));
+    const WorkingPorts rest = complementOf(current.uplinks);
+    if (!noPort(rest) && isolation.dueBy(others))
+        isolation.append({"no vlan isolation up-link-port %s \n", "no vlan isolation up-link-port %s\n"}, textOf(rest));
     isolation.onOff(&Isolation::enabled, "vlan isolation\n", "no vlan isolation\n");
     return 0;
 }

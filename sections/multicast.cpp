@@ -35,7 +35,8 @@ static void appendRangeOfBytes(const MulticastSegment &segment) {
 }
 
 static void appendRangeOfTexts(const MulticastSegment &segment) {
-    append("range %s %s\n", textOf(segment.first), textOf(segment.last));
+    const AddressText first = textOf(segment.first);
+    append("range %s %s\n", first, textOf(segment.last));
 }
 
 static int write(const SectionLines<MulticastSegmentTable> &table, void (*appendRange)(const MulticastSegment &)) {

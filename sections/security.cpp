@@ -22,7 +22,14 @@ static bool isMatched(const SectionLines<AclRule> &rule, AclMatch::Bit field, Li
     return isMatch;
 }
 
-static void writeRule(const SectionLines<AclRule> &rule) {
+/// The platform is asked for the address first.
+static void appendAddressAndMask(Format<AddressText, AddressText> line, const Ipv4 &address, const Ipv4 &mask) {
+    const AddressText first = textOf(address);
+    append<AddressText, AddressText>(line, first, textOf(mask));
+}
+
+/// `ingressPorts` is one text for all rules. It is not cleared between them.
+static void writeRule(const SectionLines<AclRule> &rule, PortSetText &ingressPorts) {
     const AclRule &current = rule.current;
     append("acl %d\n", current.number);
     // An unknown code denies, as 0 does.
@@ -36,7 +43,7 @@ static void writeRule(const SectionLines<AclRule> &rule) {
                    current.destinationPrefixLength);
     } else {
         if (isMatched(rule, AclMatch::destinationIpv4, {"destination-ipv4 any \n", "destination-ipv4 any\n"}))
-            append("destination-ipv4 address %s %s\n", textOf(current.destination), textOf(current.destinationMask));
+            appendAddressAndMask("destination-ipv4 address %s %s\n", current.destination, current.destinationMask);
     }
     if (isMatched(rule, AclMatch::destinationL4Port, {"destination-l4-port any \n", "destination-l4-port any\n"}))
         append("destination-l4-port %u 0x%s\n", current.destinationL4Port, hexOf(current.destinationL4Mask));
@@ -45,8 +52,10 @@ static void writeRule(const SectionLines<AclRule> &rule) {
                current.destinationMac, current.destinationMacMask);
     if (isMatched(rule, AclMatch::etherType, {"ethertype any \n", "ethertype any\n"}))
         rule.append({"ethertype 0x%s \n", "ethertype 0x%s\n"}, hexOf(current.etherType));
-    if (isMatched(rule, AclMatch::ingressPort, {"ingress-port any \n", "ingress-port any\n"}))
-        append("ingress-port %s \n", textOf(current.ingressPorts));
+    if (isMatched(rule, AclMatch::ingressPort, {"ingress-port any \n", "ingress-port any\n"})) {
+        writePorts(current.ingressPorts, ingressPorts);
+        append("ingress-port %s \n", ingressPorts);
+    }
     if (isMatched(rule, AclMatch::protocol, "protocol any \n")) append("protocol 0x%s \n", current.protocol);
     if (rule.due(&AclRule::rateLimit)) {
         if (current.rateLimit.value() != 0) rule.append({"rate-limit %ld \n", "rate-limit %ld\n"}, current.rateLimit);
@@ -57,7 +66,7 @@ static void writeRule(const SectionLines<AclRule> &rule) {
             append("source-ipv6 address %s %d\n", textOf(current.sourceIpv6), current.sourcePrefixLength);
     } else {
         if (isMatched(rule, AclMatch::sourceIpv4, {"source-ipv4 any \n", "source-ipv4 any\n"}))
-            append("source-ipv4 address %s %s\n", textOf(current.source), textOf(current.sourceMask));
+            appendAddressAndMask("source-ipv4 address %s %s\n", current.source, current.sourceMask);
     }
     if (isMatched(rule, AclMatch::sourceL4Port, {"source-l4-port any \n", "source-l4-port any\n"}))
         append("source-l4-port %u 0x%s\n", current.sourceL4Port, hexOf(current.sourceL4Mask));
@@ -73,8 +82,9 @@ static void writeRule(const SectionLines<AclRule> &rule) {
 
 /// Which lines end with a blank is irregular, and another matter in each mode.
 static int write(const SectionLines<AclTable> &table) {
+    PortSetText ingressPorts;
     for (std::size_t i = 0; i < std::size(table.current); ++i)
-        if (isOn(table.current[i].valid)) writeRule(table[i]);
+        if (isOn(table.current[i].valid)) writeRule(table[i], ingressPorts);
     return 0;
 }
 
@@ -250,10 +260,11 @@ static int write(const SectionLines<Isolation> &isolation) {
     if (!noPort(current.uplinks) && isolation.dueBy(uplinks))
         isolation.append({"security port-isolation up-link-port %s \n", "security port-isolation up-link-port %s\n"},
                          uplinks(current));
-    if (!noPort(complementOf(current.uplinks)) && isolation.dueBy(others))
+    const WorkingPorts rest = complementOf(current.uplinks);
+    if (!noPort(rest) && isolation.dueBy(others))
         isolation.append(
             {"no security port-isolation up-link-port %s \n", "no security port-isolation up-link-port %s\n"},
-            others(current));
+            textOf(rest));
     isolation.onOff(&Isolation::enabled, "security port-isolation\n", "no security port-isolation\n");
     return 0;
 }

@@ -23,6 +23,10 @@ void FakePlatform::reset() {
     passwordMethod = 0;
     md5 = nullptr;
     addressText = nullptr;
+    ipv6Text = nullptr;
+    portListText = nullptr;
+    digitsText = nullptr;
+    bitAnswer = nullptr;
     calls.clear();
     failingCall = -1;
     failure = 5;
@@ -69,7 +73,7 @@ std::int32_t mapi_sys_userauth_password_md5_get(std::int32_t handle, const char 
     return 0;
 }
 
-// The linker puts the first in the place of the stand-in's operation.
+// The linker puts the second of each in the place of the stand-in's operation, which is the first.
 extern "C" {
 void __real_utilIp2IpStr(const void *address, char *text);
 void __wrap_utilIp2IpStr(const void *address, char *text);
@@ -77,5 +81,33 @@ void __wrap_utilIp2IpStr(const void *address, char *text) {
     if (platform.addressText)
         std::strcpy(text, platform.addressText(static_cast<const unsigned char *>(address)).c_str());
     else __real_utilIp2IpStr(address, text);
+}
+
+char *__real_utilIPv6Addr2Str(char *text, const void *address);
+char *__wrap_utilIPv6Addr2Str(char *text, const void *address);
+char *__wrap_utilIPv6Addr2Str(char *text, const void *address) {
+    if (!platform.ipv6Text) return __real_utilIPv6Addr2Str(text, address);
+    return std::strcpy(text, platform.ipv6Text(static_cast<const unsigned char *>(address)).c_str());
+}
+
+void __real_utilPortBitmap2str(char *text, const void *bitmap, int ports, int maximum);
+void __wrap_utilPortBitmap2str(char *text, const void *bitmap, int ports, int maximum);
+void __wrap_utilPortBitmap2str(char *text, const void *bitmap, int ports, int maximum) {
+    if (platform.portListText) platform.portListText(static_cast<const unsigned char *>(bitmap), text);
+    else __real_utilPortBitmap2str(text, bitmap, ports, maximum);
+}
+
+void __real_utilAry2Str(const void *bytes, int length, char *text);
+void __wrap_utilAry2Str(const void *bytes, int length, char *text);
+void __wrap_utilAry2Str(const void *bytes, int length, char *text) {
+    if (platform.digitsText) std::strcpy(text, platform.digitsText(static_cast<const unsigned char *>(bytes)).c_str());
+    else __real_utilAry2Str(bytes, length, text);
+}
+
+int __real_utilBitmapCheck(const void *bitmap, int bit);
+int __wrap_utilBitmapCheck(const void *bitmap, int bit);
+int __wrap_utilBitmapCheck(const void *bitmap, int bit) {
+    if (platform.bitAnswer) return platform.bitAnswer(static_cast<const unsigned char *>(bitmap), bit);
+    return __real_utilBitmapCheck(bitmap, bit);
 }
 }

@@ -18,6 +18,12 @@ struct FakePlatform {
 
     /// How an IPv4 address is written; null: as the stand-in does.
     std::function<std::string(const unsigned char *octets)> addressText;
+    /// The same of an IPv6 address, of a list of ports, which may leave the text as it is, and of two bytes.
+    std::function<std::string(const unsigned char *octets)> ipv6Text;
+    std::function<void(const unsigned char *bitmap, char *text)> portListText;
+    std::function<std::string(const unsigned char *bytes)> digitsText;
+    /// What is answered about a bit; null: as the stand-in does.
+    std::function<int(const unsigned char *bitmap, int bit)> bitAnswer;
 
     std::vector<std::string>
         calls;               ///< "start", "eeprom 1", "config 1 0", "bank 2", "end 1", "method -1", "md5 -1 secret"

@@ -805,7 +805,8 @@ TEST(Record, NumbersAreStoredMostSignificantByteFirst) {
     EXPECT_EQ("80000000", stored(number));
     EXPECT_EQ(INT32_MIN, number.value());
     EXPECT_EQ(0x010203ffU, (Ipv4{{1, 2, 3, 255}}).value());
-    EXPECT_EQ("0d0e0f10", stored(Ipv6{{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16}}.lastFour()));
+    const Ipv6 address = {{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16}};
+    EXPECT_EQ("0d0e0f10", shownBytes(address.lastFour(), 4));
 }
 
 TEST(Record, NumbersAreComparedWhole) {
