@@ -70,6 +70,40 @@ TEST(BuiltInStore, TheCustomersDefaultIsADefaultWithPresets) {
                                         "communities", "log", "stpPorts"}));
 }
 
+/// Where in its table an entry is shows in no text of this store.
+TEST(BuiltInStore, EntriesHaveTheirPlaces) {
+    const auto image = composed(MAPI_CONFIG_STARTUP);
+    EXPECT_STREQ("cleaning", image->timeRanges[2].name.characters);
+    EXPECT_EQ(10, image->loopDetection.vlans[0].value());
+    EXPECT_EQ(20, image->loopDetection.vlans[1].value());
+    EXPECT_EQ(0x17, image->macTable[0].address.octets[5]);
+    EXPECT_EQ(17, image->sourceGuardTable[0].address.octets[3]);
+    EXPECT_EQ(1, image->acl[0].number.value());
+    EXPECT_EQ(2, image->acl[1].number.value());
+    EXPECT_EQ(128, image->acl[2].number.value());
+    EXPECT_EQ(129, image->acl[3].number.value());
+    EXPECT_EQ(0, image->acl[4].valid);
+    EXPECT_EQ(130, image->acl[5].number.value());
+    EXPECT_EQ(10, image->multicastSegments[2].id.value());
+    EXPECT_EQ(1, image->multicastProfiles[0].segments[0].value());
+    EXPECT_EQ(2, image->multicastProfiles[0].segments[1].value());
+    EXPECT_EQ(10, image->multicastProfiles[1].segments[0].value());
+    EXPECT_STREQ("watch", image->portFilters.port[0].profile[1].characters);
+    EXPECT_STREQ(" ", image->portFilters.port[0].profile[2].characters);
+    EXPECT_EQ(0xff, image->multicastTable[1].addressIpv6.octets[0]);
+    EXPECT_STREQ("emergency", image->communities[2].name.characters);
+}
+
+TEST(BuiltInStore, HoldsWhatItsTextsDoNotShow) {
+    EXPECT_EQ(2, composed(MAPI_CONFIG_DEFAULT)->vlanMode);
+    const auto ordered = composed(MAPI_CONFIG_CUSTOMER_DEFAULT);
+    EXPECT_EQ(1, ordered->communities[0].level);
+    EXPECT_EQ(0, ordered->communities[1].inUse);
+    BoardRecord board;
+    factory::composeBoard(board);
+    EXPECT_EQ(0x100U, board.capabilities.value());
+}
+
 TEST(BuiltInStore, HoldsNothingThatNeverPrints) {
     for (std::int32_t selector = 0; selector < 4; ++selector) {
         const auto image = composed(selector);

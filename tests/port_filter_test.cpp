@@ -149,6 +149,10 @@ ROWS(PortFilterDifferences,
                   for (int i = 0; i < 28; ++i) port[i].maxGroups = i < 14 ? 10 : 30;
               }),
           "interface 15-28 \nip igmp max-groups 20\nexit\n"},
+         {"the same name in a later slot", Mode::delta, portFilters,
+          filters([](PortFilter *port) { port[2].profile[1] = "a"; },
+                  [](PortFilter *port) { port[2].profile[1] = "a"; }),
+          ""},
          {"each port is led by its own image's groups", Mode::delta, portFilters,
           filters(
               [](PortFilter *port) {
