@@ -7,6 +7,7 @@
 #include <csignal>
 #include <map>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 
 namespace {
@@ -174,6 +175,68 @@ TEST_F(Export, TakesNothingForItsOwnThatItCannotRead) {
     EXPECT_EQ(run({folder.string()}), 0) << "parts and interruptions are none of that";
     reads = {};
     EXPECT_EQ(files(), exported);
+}
+
+TEST_F(Export, WritesOnWhereACallStopped) {
+    writes = {};
+    writes.most = 100000;
+    writes.interruptions = 3;
+    EXPECT_EQ(run({folder.string()}), 0);
+    EXPECT_GE(writes.calls, 3 + 4 * 3 + 2) << "three parts of each image";
+    writes = {};
+    EXPECT_EQ(error, "");
+    EXPECT_EQ(get("running.img"), bytesAsText(*composed(MAPI_CONFIG_RUNNING)));
+    EXPECT_EQ(get("customer_default.img"), bytesAsText(*composed(MAPI_CONFIG_CUSTOMER_DEFAULT)));
+}
+
+TEST_F(Export, WritesNothingWhereItCannotLook) {
+    writes = {};
+    writes.lookError = EIO;
+    EXPECT_EQ(run({folder.string()}), 1);
+    writes = {};
+    std::string expected;
+    for (const char *name :
+         {"platform.conf", "board.img", "running.img", "default.img", "startup.img", "customer_default.img"})
+        expected += "textcfg-store: " + path(name) + ": cannot be looked for: Input/output error\n";
+    EXPECT_EQ(error, expected);
+    EXPECT_EQ(files(), std::vector<std::string>{});
+}
+
+TEST_F(Export, LeavesNoDescriptorOpen) {
+    const auto open = [] {
+        const std::filesystem::directory_iterator all("/proc/self/fd");
+        return std::distance(begin(all), end(all));
+    };
+    const auto before = open();
+    EXPECT_EQ(run({folder.string()}), 0);
+    EXPECT_EQ(run({folder.string()}), 1);
+    EXPECT_EQ(open(), before);
+}
+
+TEST_F(Export, AFileIsWholeWhenItIsClosed) {
+    writes = {};
+    writes.closeError = EDQUOT;
+    EXPECT_EQ(run({folder.string()}), 1);
+    writes = {};
+    EXPECT_EQ(error, "textcfg-store: " + path("platform.conf") + ": cannot be written: Disk quota exceeded\n");
+    EXPECT_EQ(files(), std::vector<std::string>{});
+}
+
+TEST_F(Export, LeavesPermissionsToTheUmask) {
+    const mode_t before = umask(0);
+    EXPECT_EQ(run({path("new")}), 0);
+    umask(027);
+    EXPECT_EQ(run({path("other")}), 0);
+    umask(before);
+    const auto permissions = [&](const char *name) {
+        struct stat status = {};
+        EXPECT_EQ(stat(path(name).c_str(), &status), 0);
+        return status.st_mode & 07777;
+    };
+    EXPECT_EQ(permissions("new"), 0777U);
+    EXPECT_EQ(permissions("new/board.img"), 0666U);
+    EXPECT_EQ(permissions("other"), 0750U);
+    EXPECT_EQ(permissions("other/board.img"), 0640U);
 }
 
 TEST_F(Export, CanBeRunAgainAfterASignal) {

@@ -1,4 +1,5 @@
-/// What the stand-in reads: the linker puts a function of the tests in the place of the C library's `read`.
+/// What the stand-in reads and writes: the linker puts functions of the tests in the place of the C library's `read`,
+/// `write`, `close` and `fstatat`.
 #pragma once
 
 #include <cstddef>
@@ -15,3 +16,14 @@ struct Reads {
 };
 
 extern Reads reads;
+
+struct Writes {
+    int calls = 0;
+    std::size_t most = SIZE_MAX; ///< bytes that one call takes at most
+    int interruptions = 0;       ///< so many calls are interrupted by a signal
+    int lookError = 0;           ///< what looking for a file says; 0: what is true
+    int closeError = 0;          ///< what closing a file says that was written to; 0: nothing
+    int written = -1;            ///< the descriptor that was written to last
+};
+
+extern Writes writes;

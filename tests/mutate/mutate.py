@@ -652,7 +652,9 @@ class Build:
         """In the order in which they are likely to notice. The check of faults takes long, and says little of texts."""
         chosen = [program for program in self.programs
                   if program.name != "textcfg" or
-                  file.startswith(("platform/host/mapi", "platform/host/store", "app/main", "app/run"))]
+                  file.startswith(("platform/host/mapi", "platform/host/store.", "app/main", "app/run"))]
+        if file.startswith(("platform/host/mapi", "platform/host/store", "platform/host/message")):
+            chosen = [program for program in chosen if program.name != "textcfg_tests"]  # it has a platform of its own
         tests = [source for source in self.likely(file)]
         return sorted(chosen, key=lambda program: not any(source in program.suites for source in tests))
 
