@@ -4,7 +4,9 @@
 
 #include "platform/host/store_export.h"
 
+#include <algorithm>
 #include <csignal>
+#include <fcntl.h>
 #include <map>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -22,12 +24,21 @@ protected:
         argv.push_back(nullptr);
         CaptureStdout();
         CaptureStderr();
+        rlimit before = {};
+        EXPECT_EQ(getrlimit(RLIMIT_NOFILE, &before), 0);
+        rlimit fewer = before;
+        const int free = dup(STDOUT_FILENO);
+        close(free);
+        fewer.rlim_cur = std::min(before.rlim_cur, static_cast<rlim_t>(free) + descriptors);
+        EXPECT_EQ(setrlimit(RLIMIT_NOFILE, &fewer), 0);
         const int status = storeExportMain(static_cast<int>(words.size()), argv.data());
+        EXPECT_EQ(setrlimit(RLIMIT_NOFILE, &before), 0);
         out = GetCapturedStdout();
         error = GetCapturedStderr();
         return status;
     }
 
+    rlim_t descriptors = 16; ///< so many can be opened at a time
     std::string out, error;
 };
 
@@ -211,6 +222,36 @@ TEST_F(Export, LeavesNoDescriptorOpen) {
     EXPECT_EQ(run({folder.string()}), 0);
     EXPECT_EQ(run({folder.string()}), 1);
     EXPECT_EQ(open(), before);
+}
+
+TEST_F(Export, NeedsTwoDescriptors) {
+    put("startup.img", "");
+    descriptors = 1; // that is the folder's
+    EXPECT_EQ(run({folder.string()}), 1);
+    EXPECT_EQ(error, "textcfg-store: " + path("startup.img") + ": is there already and is not overwritten\n");
+    std::filesystem::remove(path("startup.img"));
+    EXPECT_EQ(run({folder.string()}), 1);
+    EXPECT_EQ(error, "textcfg-store: " + path("platform.conf") + ": cannot be made: Too many open files\n");
+    EXPECT_EQ(files(), std::vector<std::string>{});
+    descriptors = 2;
+    EXPECT_EQ(run({folder.string()}), 0);
+}
+
+TEST_F(Export, HelpThatCannotBeWrittenIsAFailure) {
+    std::fflush(stdout);
+    const int before = dup(STDOUT_FILENO);
+    const int full = open("/dev/full", O_WRONLY);
+    ASSERT_NE(full, -1);
+    dup2(full, STDOUT_FILENO);
+    char program[] = "textcfg-store";
+    char help[] = "-h";
+    char *argv[] = {program, help, nullptr};
+    const int status = storeExportMain(2, argv);
+    dup2(before, STDOUT_FILENO);
+    std::clearerr(stdout);
+    close(full);
+    close(before);
+    EXPECT_EQ(status, 1);
 }
 
 TEST_F(Export, AFileIsWholeWhenItIsClosed) {

@@ -51,6 +51,14 @@ TEST(UtilBitmap, SetAllSetsTheFirstBitsOnly) {
         utilBitmapSetAll(bitmap.data(), row.count);
         EXPECT_EQ(bitmap, row.expected) << row.count;
     }
+    std::vector<unsigned char> longer(12);
+    utilBitmapSetAll(longer.data(), 81);
+    EXPECT_EQ(longer,
+              (std::vector<unsigned char>{0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0x01, 0}));
+    const std::vector<unsigned char> source = {0x01, 0x02, 0x03, 0x04, 0x05, 0x06, 0x07, 0x08, 0x09, 0x0a, 0xff, 0xff};
+    utilBitmapNand(longer.data(), source.data(), 81);
+    EXPECT_EQ(longer,
+              (std::vector<unsigned char>{0xfe, 0xfd, 0xfc, 0xfb, 0xfa, 0xf9, 0xf8, 0xf7, 0xf6, 0xf5, 0x00, 0}));
     unsigned char kept[] = {0x80, 0x40};
     utilBitmapSetAll(kept, 3);
     EXPECT_EQ(kept[0], 0x87);
