@@ -1,6 +1,8 @@
 /// The workstation stand-in: utility operations.
 #include "host.h"
 
+#include "platform/host/message.h"
+
 #include "platform/image.h"
 #include "platform/util.h"
 
@@ -29,6 +31,56 @@ TEST(UtilBitmap, IsAllClearLooksAtTheFirstBitsOnly) {
     }
     const unsigned char none[4] = {};
     EXPECT_EQ(utilBitmapIsAllClear(none, 32), 1);
+}
+
+TEST(Names, AreShownAsTheyAreOrAsBytes) {
+    const struct {
+        const char *name;
+        const char *shown;
+    } rows[] = {
+        {"", ""},
+        {" ~", " ~"},
+        {"\x1f", "\\x1f"},
+        {"\x7f", "\\x7f"},
+        {"a\nb", "a\\x0ab"},
+        // Two bytes: no overlong ASCII, no control characters.
+        {"\xc1\xbf", "\\xc1\\xbf"},
+        {"\xc2\x9f", "\\xc2\\x9f"},
+        {"\xc2\xa0", "\xc2\xa0"},
+        {"\xdf\xbf", "\xdf\xbf"},
+        {"\xc3(", "\\xc3("},
+        {"\xc3\xc3", "\\xc3\\xc3"},
+        {"\xc3", "\\xc3"},
+        {"\xbf", "\\xbf"},
+        // Three: nothing overlong, no surrogates.
+        {"\xe0\x9f\xbf", "\\xe0\\x9f\\xbf"},
+        {"\xe0\xa0\x80", "\xe0\xa0\x80"},
+        {"\xe1\x80\x80", "\xe1\x80\x80"},
+        {"\xe1\x80(", "\\xe1\\x80("},
+        {"\xed\x9f\xbf", "\xed\x9f\xbf"},
+        {"\xed\xa0\x80", "\\xed\\xa0\\x80"},
+        {"\xef\xbf\xbf", "\xef\xbf\xbf"},
+        {"\xe2\x82", "\\xe2\\x82"},
+        // Four: nothing overlong, nothing beyond Unicode.
+        {"\xf0\x8f\xbf\xbf", "\\xf0\\x8f\\xbf\\xbf"},
+        {"\xf0\x90\x80\x80", "\xf0\x90\x80\x80"},
+        {"\xf4\x8f\xbf\xbf", "\xf4\x8f\xbf\xbf"},
+        {"\xf4\x90\x80\x80", "\\xf4\\x90\\x80\\x80"},
+        {"\xf5\x80\x80\x80", "\\xf5\\x80\\x80\\x80"},
+        {"\xf0\x9f\x98", "\\xf0\\x9f\\x98"},
+    };
+    for (const auto &row : rows) EXPECT_STREQ(Shown(row.name).text(), row.shown);
+}
+
+TEST(Names, AreShownUpToALength) {
+    const std::string longest(4096, 'n');
+    const auto tooLong = std::make_unique<Shown>((longest + "n").c_str());
+    EXPECT_EQ(tooLong->text(), longest + "...");
+    EXPECT_EQ(std::make_unique<Shown>(longest.c_str())->text(), longest);
+    EXPECT_EQ(std::make_unique<Shown>((longest + "n").data(), 4097, 5000)->text(), longest + "...");
+    EXPECT_STREQ(std::make_unique<Shown>("abc", 3, 3)->text(), "abc");
+    EXPECT_STREQ(std::make_unique<Shown>("abc", 3, 2)->text(), "ab...");
+    EXPECT_STREQ(std::make_unique<Shown>("a\xc3\xa4", 3, 2)->text(), "a\\xc3...");
 }
 
 TEST(UtilBitmap, SetAllSetsTheFirstBitsOnly) {
