@@ -92,6 +92,7 @@ TEST(BuiltInStore, EntriesHaveTheirPlaces) {
     EXPECT_STREQ(" ", image->portFilters.port[0].profile[2].characters);
     EXPECT_EQ(0xff, image->multicastTable[1].addressIpv6.octets[0]);
     EXPECT_STREQ("emergency", image->communities[2].name.characters);
+    EXPECT_STREQ("trainee", composed(MAPI_CONFIG_RUNNING)->users[3].name.characters);
 }
 
 TEST(BuiltInStore, HoldsWhatItsTextsDoNotShow) {
