@@ -19,7 +19,7 @@ extern "C" {
 #define UTIL_PORT_LIST_SIZE 80
 /** Bytes of an address text, IPv4 or IPv6, the NUL among them. */
 #define UTIL_ADDRESS_SIZE 64
-/** Bytes of the text of two bytes in hexadecimal, the NUL among them: four digits, and what a platform sets around them. */
+/** Bytes of a hexadecimal text, the NUL among them: four digits, and what a platform may write around them. */
 #define UTIL_DIGITS_SIZE 32
 /** Bytes of each field that `utilParseArgs` fills, the NUL among them. */
 #define UTIL_FIELD_SIZE 64

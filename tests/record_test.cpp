@@ -790,6 +790,9 @@ template <class Type> std::string stored(const Type &field) {
     return shownBytes(reinterpret_cast<const u8 *>(&field), sizeof field);
 }
 
+static_assert(be16{{0xfe, 0xdc}}.value() == 0xfedc);
+static_assert(be32{{0xfe, 0xdc, 0xba, 0x98}}.value() == 0xfedcba98);
+
 TEST(Record, NumbersAreStoredMostSignificantByteFirst) {
     be16 half = {};
     half = 0x1234;
