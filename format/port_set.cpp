@@ -4,8 +4,9 @@
 
 PortSet portsIn(const u8 *bitmap) {
     PortSet ports;
-    for (int port = 0; port < portCount; ++port)
-        ports.bits |= static_cast<std::uint32_t>(utilBitmapCheck(bitmap, port) == 1) << port;
+    for (int port = 0; port < portCount; ++port) // an answer that is neither 0 nor 1 changes no other port
+        ports.bits = ports.bits >> 1 | static_cast<std::uint32_t>(utilBitmapCheck(bitmap, port)) << 31;
+    ports.bits >>= 32 - portCount;
     return ports;
 }
 
