@@ -69,7 +69,7 @@ template <> struct Formatted<PortSetText> : FormattedText {
     static constexpr void put(Argument *&to, const PortSetText &ports) { *to++ = {ports.text, sizeof ports.text}; }
 };
 
-/// Written over `text` as it is.
+/// The list of `ports`, written over `text` as it is: what the platform does not write stays.
 void writePorts(const PortBitmap &ports, PortSetText &text);
 
 /// The same into a text of its own.

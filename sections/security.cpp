@@ -28,7 +28,8 @@ static void appendAddressAndMask(Format<AddressText, AddressText> line, const Ip
     append<AddressText, AddressText>(line, first, textOf(mask));
 }
 
-/// `ingressPorts` is one text for all rules. It is not cleared between them.
+/// `ingressPorts` is one text for all rules. The switch does not clear it between them, so where its platform writes
+/// nothing, the ports of the rule before show again.
 static void writeRule(const SectionLines<AclRule> &rule, PortSetText &ingressPorts) {
     const AclRule &current = rule.current;
     append("acl %d\n", current.number);
