@@ -19,13 +19,13 @@ void system(ConfigImage &image) {
 
     image.switchConfig.mtu = 1522;
     image.switchConfig.macAgingTime = 300;
-    image.switchConfig.blockBpdu20to2F = 1;
+    image.switchConfig.blockBpdu20to2F = on;
     image.switchConfig.terminalLength = 24;
     image.statisticsPolling.interval = 10;
     image.statisticsPolling.ports = 4;
 
     image.service.remoteLogin = 1;
-    image.service.webEnabled = 1;
+    image.service.webEnabled = on;
     image.console.telnetPort = 23;
     image.console.timeout = 5;
     image.console.timeoutInMinutes = 1;
@@ -41,7 +41,7 @@ void system(ConfigImage &image) {
 }
 
 void addressing(ConfigImage &image) {
-    image.ipv4.enabled = 1;
+    image.ipv4.enabled = on;
     image.ipv4.address = ipv4(192, 0, 2, 1);
     image.ipv4.mask = ipv4(255, 255, 255, 0);
     image.ipv4.gateway = ipv4(192, 0, 2, 254);
@@ -63,7 +63,7 @@ void users(ConfigImage &image) {
 
 void ports(ConfigImage &image) {
     for (int index : allPorts) {
-        image.ports[index].autoNegotiation = 1;
+        image.ports[index].autoNegotiation = on;
         image.ports[index].speed = 3;
     }
     for (int index : uplinks) {
@@ -80,7 +80,7 @@ void vlans(ConfigImage &image) {
     add(image.tagVlans[0].members, allPorts);
     addCpu(image.tagVlans[0].members);
 
-    image.portVlans[0].inUse = 1;
+    image.portVlans[0].inUse = on;
     image.portVlans[0].name = "default";
     add(image.portVlans[0].members, allPorts);
     addCpu(image.portVlans[0].members);
@@ -103,8 +103,8 @@ void spanningTree(ConfigImage &image) {
 }
 
 void aggregation(ConfigImage &image) {
-    image.distribution.sourceMac = 1;
-    image.distribution.destinationMac = 1;
+    image.distribution.sourceMac = on;
+    image.distribution.destinationMac = on;
 }
 
 void neighbours(ConfigImage &image) {
@@ -114,8 +114,8 @@ void neighbours(ConfigImage &image) {
     image.lldp.holdTime = 120;
     image.lldp.interval = 30;
     image.lldp.packets = 1;
-    image.lldp.systemName = 1;
-    image.lldp.capability = 1;
+    image.lldp.systemName = on;
+    image.lldp.capability = on;
 }
 
 void qos(ConfigImage &image) {
@@ -137,7 +137,7 @@ void qos(ConfigImage &image) {
 void security(ConfigImage &image) {
     image.dhcpSnooping.initiated = 10;
     image.dhcpSnooping.leased = 86400;
-    give(image.dhcpSnoopingPorts.trust, uplinks, u8{1});
+    give(image.dhcpSnoopingPorts.trust, uplinks, on);
     give(image.sourceGuard, allPorts, u8{2});
 
     image.dot1x.reauthPeriod = 3600;
@@ -152,7 +152,7 @@ void security(ConfigImage &image) {
 void multicast(ConfigImage &image) {
     image.igmp.maxResponseTime = 10;
     image.igmp.queryInterval = 125;
-    image.igmp.flooding = 1;
+    image.igmp.flooding = on;
     for (int index : allPorts) {
         PortFilter &filter = image.portFilters.port[index];
         filter.maxGroups = 256;
@@ -166,10 +166,10 @@ void snmp(ConfigImage &image) {
 }
 
 void poe(ConfigImage &image) {
-    image.poe.enabled = 1;
+    image.poe.enabled = on;
     image.poe.alarmThreshold = 90;
     for (PoePort &port : image.poePorts) {
-        port.enabled = 1;
+        port.enabled = on;
         port.priority = 2;
     }
 }
@@ -187,11 +187,11 @@ void identity(ConfigImage &image) {
 
 void management(ConfigImage &image) {
     image.service.remoteLogin = 2;
-    image.service.snmpEnabled = 1;
+    image.service.snmpEnabled = on;
     image.ipv4.dhcpMode = 1;
-    image.time.ntpEnabled = 1;
+    image.time.ntpEnabled = on;
     image.time.server1 = ipv4(198, 51, 100, 11);
-    image.log.enabled = 1;
+    image.log.enabled = on;
     image.log.server[0] = ipv4(198, 51, 100, 14);
     setUser(image.users[0], "admin", "change-me", 3, "administrator");
     setCommunity(image.communities[0], "monitoring", 1, "");
@@ -201,8 +201,8 @@ void management(ConfigImage &image) {
 void access(ConfigImage &image) {
     bindVlan(image.tagVlans[1], managementVlan, "management");
     add(image.tagVlans[1].members, uplinks);
-    give(image.stpPorts.edge, accessPorts, 1U);
-    image.loopDetection.enabled = 1;
+    give(image.stpPorts.edge, accessPorts, on);
+    image.loopDetection.enabled = on;
     add(image.loopDetection.ports, accessPorts);
 }
 

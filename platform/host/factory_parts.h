@@ -8,6 +8,9 @@ namespace factory {
 /// The VLAN of the switch's own management.
 inline constexpr std::uint16_t managementVlan = 99;
 
+/// Of an on/off setting.
+inline constexpr u8 on = 1;
+
 inline constexpr int firstUplink = 25;
 inline constexpr int lastUplink = 28;
 
@@ -64,14 +67,14 @@ template <class Entry, std::size_t Count, class Value> void give(Entry (&array)[
 }
 
 inline void bindVlan(TagVlan &vlan, std::uint16_t id, const char *name) {
-    vlan.inUse = 1;
+    vlan.inUse = on;
     vlan.id = id;
     vlan.name = name;
 }
 
 inline void setUser(User &user, const char *name, const char *password, u8 level, const char *description) {
-    user.active = 1;
-    user.inUse = 1;
+    user.active = on;
+    user.inUse = on;
     user.name = name;
     user.password = password;
     user.level = level;
@@ -79,8 +82,8 @@ inline void setUser(User &user, const char *name, const char *password, u8 level
 }
 
 inline void setCommunity(Community &community, const char *name, u8 level, const char *description) {
-    community.inUse = 1;
-    community.active = 1;
+    community.inUse = on;
+    community.active = on;
     community.name = name;
     community.level = level;
     community.description = description;

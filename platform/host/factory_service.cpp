@@ -32,8 +32,8 @@ void identity(ConfigImage &image) {
     image.switchConfig.mtu = 9216;
     image.switchConfig.macAgingTime = 600;
     image.switchConfig.blockBpdu20to2F = 0;
-    image.switchConfig.blockBpdu00to0F = 1;
-    image.switchConfig.blockBpdu10 = 1;
+    image.switchConfig.blockBpdu00to0F = on;
+    image.switchConfig.blockBpdu10 = on;
     image.switchConfig.terminalLength = 40;
     image.statisticsPolling.interval = 5;
     image.statisticsPolling.ports = 7;
@@ -41,7 +41,7 @@ void identity(ConfigImage &image) {
 
 void management(ConfigImage &image) {
     image.service.remoteLogin = 2;
-    image.service.snmpEnabled = 1;
+    image.service.snmpEnabled = on;
     image.service.webEnabled = 0;
     image.console.telnetPort = 2323;
     image.console.timeout = 15;
@@ -49,20 +49,20 @@ void management(ConfigImage &image) {
 }
 
 void clockAndLogs(ConfigImage &image) {
-    image.time.ntpEnabled = 1;
+    image.time.ntpEnabled = on;
     image.time.syncInterval = 12;
     image.time.server1 = ipv4(192, 0, 2, 11);
     image.time.timeZone = 1;
     image.time.daylightSaving = 1;
     image.time.offset = "0329020000-1025030000"; // month, day, hour, minute, second of the begin and of the end
 
-    image.log.enabled = 1;
+    image.log.enabled = on;
     image.log.server[0] = ipv4(198, 51, 100, 14);
     image.log.server[1] = ipv4(198, 51, 100, 15);
     image.log.serverIpv6[2] = ipv6(14, 3);
-    image.logTerminalHistory = 1;
+    image.logTerminalHistory = on;
 
-    image.backup.enabled = 1;
+    image.backup.enabled = on;
     image.backup.time = 3;
     image.backup.protocol = 1;
     image.backup.server = ipv4(198, 51, 100, 21);
@@ -97,10 +97,10 @@ void addressing(ConfigImage &image) {
     image.ipv4.mask = ipv4(255, 255, 255, 192);
     image.ipv4.gateway = ipv4(198, 51, 100, 62);
 
-    image.ipv6.enabled = 1;
-    image.ipv6.autoconfiguration = 1;
+    image.ipv6.enabled = on;
+    image.ipv6.autoconfiguration = on;
     image.ipv6.dhcpMode = 1;
-    image.ipv6.rapidCommit = 1;
+    image.ipv6.rapidCommit = on;
     image.ipv6.linkLocal = {{0xfe, 0x80, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0x33}};
     image.ipv6.global = ipv6(managementVlan, 33);
     image.ipv6.gateway = ipv6(managementVlan, 1);
@@ -113,14 +113,14 @@ void users(ConfigImage &image) {
     setUser(image.users[2], "helpdesk", "look-only", 1, "");
     image.users[2].active = 0;
 
-    image.radius.enabled = 1;
+    image.radius.enabled = on;
     image.radius.secret = "radius-secret";
     image.radius.port = 1645;
     image.radius.retryTime = 5;
     image.radius.server[0] = ipv4(198, 51, 100, 12);
     image.radius.serverIpv6[1] = ipv6(managementVlan, 12);
 
-    image.tacacs.enabled = 1;
+    image.tacacs.enabled = on;
     image.tacacs.secret = "tacacs-secret";
     image.tacacs.port = 4949;
     image.tacacs.retryTime = 2;
@@ -198,13 +198,13 @@ void vlans(ConfigImage &image) {
 
     image.portVlans[0].name = "floor3";
     remove(image.portVlans[0].members, cameras);
-    image.portVlans[1].inUse = 1;
+    image.portVlans[1].inUse = on;
     image.portVlans[1].name = "cameras";
     add(image.portVlans[1].members, cameras);
     add(image.portVlans[1].members, distribution);
 
     image.qinq.ethertype = 0x9100;
-    image.isolation.enabled = 1;
+    image.isolation.enabled = on;
     add(image.isolation.uplinks, uplinks);
 }
 
@@ -214,56 +214,56 @@ void spanningTree(ConfigImage &image) {
     image.stp.helloTime = 3;
     image.stp.forwardDelay = 18;
     image.stp.version = 0;
-    image.stp.aggregated = 1;
+    image.stp.aggregated = on;
     image.stp.aggregatedCost = 10000;
     image.stp.aggregatedPriority = 64;
-    image.stp.aggregatedEdge = 1;
+    image.stp.aggregatedEdge = on;
     image.stp.aggregatedPointToPoint = 0;
 
-    give(image.stpPorts.enabled, allPorts, 1U);
+    give(image.stpPorts.enabled, allPorts, on);
     give(image.stpPorts.enabled, server, 0U);
     give(image.stpPorts.cost, cameras, 200000);
     give(image.stpPorts.cost, distribution, 2000);
     give(image.stpPorts.cost, westWing, 4000);
     give(image.stpPorts.priority, distribution, 32);
     give(image.stpPorts.priority, westWing, 64);
-    give(image.stpPorts.edge, accessPorts, 1U);
-    give(image.stpPorts.pointToPoint, accessPoints, 1U);
+    give(image.stpPorts.edge, accessPorts, on);
+    give(image.stpPorts.pointToPoint, accessPoints, on);
     give(image.stpPorts.pointToPoint, uplinks, 0U);
 }
 
 void aggregation(ConfigImage &image) {
-    image.trunks[0].inUse = 1;
+    image.trunks[0].inUse = on;
     image.trunks[0].name = "distribution";
     add(image.trunks[0].members, distribution);
-    image.trunks[1].inUse = 1;
+    image.trunks[1].inUse = on;
     image.trunks[1].name = "spare";
 
-    image.distribution.sourceIp = 1;
-    image.distribution.destinationIp = 1;
-    image.distribution.sourceL4Port = 1;
-    image.distribution.destinationL4Port = 1;
+    image.distribution.sourceIp = on;
+    image.distribution.destinationIp = on;
+    image.distribution.sourceL4Port = on;
+    image.distribution.destinationL4Port = on;
     image.distribution.sourceMac = 0;
     image.distribution.destinationMac = 0;
 
-    give(image.lacp.enabled, westWing, u8{1});
+    give(image.lacp.enabled, westWing, on);
     give(image.lacp.key, westWing, u8{27});
     give(image.lacp.role, westWing, u8{1});
 }
 
 void mirrorAndLoops(ConfigImage &image) {
-    image.mirror.destinationSet = 1;
+    image.mirror.destinationSet = on;
     image.mirror.destinationPort = 23; // the server captures
     add(image.mirror.sources, {1, 3});
     add(image.mirror.sources, {17, 18});
 
-    image.loopDetection.enabled = 1;
+    image.loopDetection.enabled = on;
     add(image.loopDetection.ports, accessPorts);
     image.loopDetection.interval = 5;
     image.loopDetection.unlockInterval = 120;
     image.loopDetection.vlans[0] = officeVlan;
     image.loopDetection.vlans[1] = voiceVlan;
-    image.loopDetection.allVlans = 1;
+    image.loopDetection.allVlans = on;
 }
 
 void macTable(ConfigImage &image) {
@@ -271,12 +271,12 @@ void macTable(ConfigImage &image) {
     int entry = 0;
     for (int index : cameras) {
         MacEntry &camera = image.macTable[entry++];
-        camera.inUse = 1;
+        camera.inUse = on;
         camera.address = documentationMac(number++);
         camera.port = static_cast<u8>(index);
         camera.vlan = cameraVlan;
     }
-    give(image.macLearning.off, cameras, 1U);
+    give(image.macLearning.off, cameras, on);
 }
 
 void lldp(ConfigImage &image) {
@@ -284,11 +284,11 @@ void lldp(ConfigImage &image) {
     image.lldp.holdTime = 90;
     image.lldp.interval = 15;
     image.lldp.packets = 2;
-    image.lldp.portDescription = 1;
+    image.lldp.portDescription = on;
     image.lldp.systemName = 0;
-    image.lldp.systemDescription = 1;
+    image.lldp.systemDescription = on;
     image.lldp.capability = 0;
-    image.lldp.managementAddress = 1;
+    image.lldp.managementAddress = on;
 }
 
 void queues(ConfigImage &image) {
@@ -306,7 +306,7 @@ void queues(ConfigImage &image) {
 
 void remarking(ConfigImage &image) {
     image.remarking.dscpMode = 1;
-    image.remarking.remark8021p = 1;
+    image.remarking.remark8021p = on;
     image.remarking.priority[5].newPriority = 4;
     image.remarking.dscp[0].receivedDscp = 46;
     image.remarking.dscp[0].newDscp = 40;
@@ -324,7 +324,7 @@ void rateLimits(ConfigImage &image) {
 
 AclRule &addRule(AclTable &table, int slot, std::int32_t number, u8 action, u8 actionPort) {
     AclRule &rule = table[slot];
-    rule.valid = 1;
+    rule.valid = on;
     rule.number = number;
     rule.action = action;
     rule.actionPort = actionPort;
@@ -379,22 +379,22 @@ void accessControl(ConfigImage &image) {
 }
 
 void dhcpSnooping(ConfigImage &image) {
-    image.dhcpSnooping.enabled = 1;
+    image.dhcpSnooping.enabled = on;
     image.dhcpSnooping.initiated = 30;
     image.dhcpSnooping.leased = 43200;
     add(image.dhcpSnooping.serverPorts, distribution);
-    image.dhcpSnooping.checkServerAddress = 1;
+    image.dhcpSnooping.checkServerAddress = on;
     image.dhcpSnooping.servers[0] = mapped(ipv4(198, 51, 100, 5));
     image.dhcpSnooping.servers[1] = ipv6(managementVlan, 5);
 
-    image.dhcpSnoopingPorts.option = 1;
-    give(image.dhcpSnoopingPorts.portOption, desks, u8{1});
+    image.dhcpSnoopingPorts.option = on;
+    give(image.dhcpSnoopingPorts.portOption, desks, on);
     give(image.dhcpSnoopingPorts.trust, westWing, u8{0});
-    give(image.dhcpSnoopingPorts.trust, server, u8{1});
+    give(image.dhcpSnoopingPorts.trust, server, on);
 
-    image.circuitIds.remoteInserted = 1;
+    image.circuitIds.remoteInserted = on;
     image.circuitIds.remoteId = "access-3-east";
-    image.circuitIds.remoteFormatted = 1;
+    image.circuitIds.remoteFormatted = on;
     add(image.circuitIds.inserted, desks);
     add(image.circuitIds.formatted, cameras);
     give(image.circuitIds.text, {1, 8}, "floor3/north");
@@ -402,37 +402,37 @@ void dhcpSnooping(ConfigImage &image) {
 }
 
 void sourceGuard(ConfigImage &image) {
-    give(image.sourceGuard, desks, u8{1});
+    give(image.sourceGuard, desks, on);
     give(image.sourceGuard, cameras, u8{0});
 
     u8 host = 17;
     int entry = 0;
     for (int index : cameras) {
         SourceGuardEntry &camera = image.sourceGuardTable[entry++];
-        camera.valid = 1;
+        camera.valid = on;
         camera.address = ipv4(203, 0, 113, host++);
         camera.vlan = cameraVlan;
         camera.port = static_cast<u8>(index);
     }
     SourceGuardEntry &access = image.sourceGuardTable[entry];
-    access.valid = 1;
+    access.valid = on;
     access.addressIpv6 = ipv6(managementVlan, 0x21);
     access.vlan = managementVlan;
     access.port = 20;
 
-    image.ipSource = 1;
-    image.sourceBindings[0].valid = 1;
-    image.sourceBindings[0].enabled = 1;
+    image.ipSource = on;
+    image.sourceBindings[0].valid = on;
+    image.sourceBindings[0].enabled = on;
     image.sourceBindings[0].address = mapped(ipv4(198, 51, 100, 2));
-    image.sourceBindings[1].valid = 1;
+    image.sourceBindings[1].valid = on;
     image.sourceBindings[1].address = ipv6(managementVlan, 2);
 }
 
 void portSecurity(ConfigImage &image) {
-    image.dot1x.enabled = 1;
+    image.dot1x.enabled = on;
     image.dot1x.server = ipv4(198, 51, 100, 12);
     image.dot1x.secret = "dot1x-secret";
-    image.dot1x.reauthentication = 1;
+    image.dot1x.reauthentication = on;
     image.dot1x.reauthPeriod = 7200;
     image.dot1x.timeout = 20;
     give(image.dot1x.portControl, desks, u8{0});
@@ -443,34 +443,34 @@ void portSecurity(ConfigImage &image) {
     image.storm.unicast = 16;
     image.storm.notificationInterval = 60;
 
-    image.macLimit.enabled = 1;
-    give(image.macLimit.portEnabled, desks, 1U);
-    give(image.macLimit.portEnabled, cameras, 1U);
+    image.macLimit.enabled = on;
+    give(image.macLimit.portEnabled, desks, on);
+    give(image.macLimit.portEnabled, cameras, on);
     give(image.macLimit.portMaximum, desks, 3U);
     give(image.macLimit.portMaximum, cameras, 1U);
     image.macLimit.notificationInterval = 120;
 
-    image.pppoe.enabled = 1;
+    image.pppoe.enabled = on;
     remove(image.pppoe.trusted, westWing);
 }
 
 void igmpSnooping(ConfigImage &image) {
-    image.igmp.enabled = 1;
+    image.igmp.enabled = on;
     image.igmp.maxResponseTime = 20;
     image.igmp.queryInterval = 60;
-    image.igmp.immediateLeave = 1;
+    image.igmp.immediateLeave = on;
     add(image.igmp.routerPorts, distribution);
     image.igmp.flooding = 0;
-    image.igmp.version3 = 1;
+    image.igmp.version3 = on;
 
     image.igmpVlans.inUse.set(officeVlan).set(cameraVlan);
-    image.igmpVlans.vlan[officeVlan].snooping = 1;
-    image.igmpVlans.vlan[cameraVlan].snooping = 1;
-    image.igmpVlans.vlan[cameraVlan].querier = 1;
+    image.igmpVlans.vlan[officeVlan].snooping = on;
+    image.igmpVlans.vlan[cameraVlan].snooping = on;
+    image.igmpVlans.vlan[cameraVlan].querier = on;
 }
 
 void addSegment(MulticastSegment &segment, std::uint16_t id, const char *name, Ipv4 first, Ipv4 last) {
-    segment.valid = 1;
+    segment.valid = on;
     segment.id = id;
     segment.name = name;
     segment.first = first;
@@ -483,32 +483,32 @@ void igmpFilters(ConfigImage &image) {
     addSegment(image.multicastSegments[2], 10, "cameras", ipv4(233, 252, 0, 128), ipv4(233, 252, 0, 255));
 
     MulticastProfile &staff = image.multicastProfiles[0];
-    staff.valid = 1;
+    staff.valid = on;
     staff.name = "staff";
     staff.segments[0] = 1;
     staff.segments[1] = 2;
     MulticastProfile &watch = image.multicastProfiles[1];
-    watch.valid = 1;
+    watch.valid = on;
     watch.name = "watch";
     watch.segments[0] = 10;
 
-    image.portFilters.port[0].filterSwitch = 1;
+    image.portFilters.port[0].filterSwitch = on;
     for (int index : desks) {
         PortFilter &filter = image.portFilters.port[index];
         filter.profile[0] = "staff";
         filter.maxGroups = 8;
-        filter.enabled = 1;
+        filter.enabled = on;
     }
     image.portFilters.port[0].profile[1] = "watch"; // the guard's desk
     for (int index : cameras) image.portFilters.port[index].maxGroups = 1;
 
     MulticastEntry &announcements = image.multicastTable[0];
-    announcements.valid = 1;
+    announcements.valid = on;
     announcements.address = ipv4(233, 252, 0, 7);
     announcements.port = 20;
     announcements.vlan = officeVlan;
     MulticastEntry &announcementsIpv6 = image.multicastTable[1];
-    announcementsIpv6.valid = 1;
+    announcementsIpv6.valid = on;
     announcementsIpv6.addressIpv6 = {{0xff, 0x0e, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0xdb, 0x80, 0, 0x07}};
     announcementsIpv6.port = 20;
     announcementsIpv6.vlan = officeVlan;
@@ -521,30 +521,30 @@ void snmp(ConfigImage &image) {
     setCommunity(image.communities[2], "emergency", 3, "sealed");
 
     TrapDestination &first = image.trapDestinations[0];
-    first.inUse = 1;
-    first.active = 1;
+    first.inUse = on;
+    first.active = on;
     first.community = "monitoring";
     first.address = ipv4(198, 51, 100, 16);
     TrapDestination &second = image.trapDestinations[1];
-    second.inUse = 1;
+    second.inUse = on;
     second.community = "monitoring";
     second.addressIpv6 = ipv6(managementVlan, 0x16);
 
-    image.traps.coldStart = 1;
-    image.traps.warmStart = 1;
-    image.traps.authFail = 1;
+    image.traps.coldStart = on;
+    image.traps.warmStart = on;
+    image.traps.authFail = on;
     image.traps.portLink.set(0);
-    image.traps.batteryMode = 1;
-    image.traps.cpuLoad = 1;
-    image.traps.macLimit = 1;
-    image.traps.stormControl = 1;
+    image.traps.batteryMode = on;
+    image.traps.cpuLoad = on;
+    image.traps.macLimit = on;
+    image.traps.stormControl = on;
 }
 
 void poe(ConfigImage &image) {
-    image.poe.fixedBudget = 1;
-    image.poe.traps = 1;
-    image.poe.eventLog = 1;
-    image.poe.syslog = 1;
+    image.poe.fixedBudget = on;
+    image.poe.traps = on;
+    image.poe.eventLog = on;
+    image.poe.syslog = on;
     image.poe.alarmThreshold = 80;
     for (int index : desks) image.poePorts[index].budget = 15;
     for (int index : cameras) {
@@ -557,7 +557,7 @@ void poe(ConfigImage &image) {
         image.poePorts[index].priority = 1;
         image.poePorts[index].budget = 30;
         image.poePorts[index].scheduleName = "office-hours";
-        image.poePorts[index].scheduleEnabled = 1;
+        image.poePorts[index].scheduleEnabled = on;
     }
     for (int index : printer) image.poePorts[index].enabled = 0;
     for (int index : server) image.poePorts[index].enabled = 0;

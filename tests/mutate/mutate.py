@@ -912,16 +912,23 @@ class Explanation:
     def __init__(self, where, file, kind, part, reason):
         self.where, self.file, self.kind, self.part, self.reason = where, file, kind, part, reason
         self.type = None
+        self.exceptions = []
         self.pattern = re.compile(".*".join(re.escape(piece) for piece in part.split("...")))
         self.mutants = 0
 
     def fits(self, mutant):
-        return fnmatch.fnmatchcase(mutant.file, self.file) and self.kind == mutant.kind and \
-            self.pattern.match(f"{mutant.old_lines} => {mutant.new_lines}") is not None
+        if not fnmatch.fnmatchcase(mutant.file, self.file) or self.kind != mutant.kind or \
+                not self.pattern.match(f"{mutant.old_lines} => {mutant.new_lines}"):
+            return False
+        exceptions = [exception for exception in self.exceptions if exception.fits(mutant)]
+        for exception in exceptions:
+            exception.mutants += 1
+        return not exceptions
 
 
 def read_explanations(path):
-    """Lines of `FILE KIND: beginning of "old => new"`, with the class and the reason below, indented."""
+    """Lines of `FILE KIND: beginning of "old => new"`, with the class and the reason below, indented. Those with a "!"
+    in front are what the lines above them do not stand for."""
     found, heads = [], []
     if not path.exists():
         return found
@@ -932,13 +939,18 @@ def read_explanations(path):
             for head in heads:
                 head.reason = (head.reason + " " + line.strip()).strip()
         else:
-            match = re.fullmatch(r"(\S+) ([a-z*]+): (.+)", line)
+            match = re.fullmatch(r"(!?)(\S+) ([a-z*]+): (.+)", line)
             if not match:
                 raise Failure(f"{path}:{number}: not understood: {line}")
             if heads and heads[0].reason:
                 heads = []
-            heads.append(Explanation(f"{path.name}:{number}", *match.groups(), ""))
-            found.append(heads[-1])
+            explanation = Explanation(f"{path.name}:{number}", *match.groups()[1:], "")
+            if match[1]:
+                for head in heads:
+                    head.exceptions.append(explanation)
+                continue
+            heads.append(explanation)
+            found.append(explanation)
     for explanation in found:
         if not explanation.reason:
             raise Failure(f"{explanation.where}: without a reason")
@@ -997,7 +1009,8 @@ def main():
             explained.append(mutant)
             types[mutant] = reasons[0].type
     findings, stale = 0, 0
-    for explanation in explanations if not options.files else []:
+    exceptions = {exception: None for explanation in explanations for exception in explanation.exceptions}
+    for explanation in [*explanations, *exceptions] if not options.files else []:
         if explanation.mutants == 0:
             print(f"{explanation.where}: there is no such change: {explanation.part}")
             stale += 1
