@@ -243,6 +243,25 @@ TEST_F(TextBuffer, SmallNumbersKeepTheirSign) {
               }));
 }
 
+/// A literal with `Count` characters before its conversion.
+template <std::size_t Count> struct LongLiteral {
+    char text[Count + sizeof "%d"];
+    constexpr LongLiteral() : text() {
+        for (std::size_t i = 0; i < Count; ++i) text[i] = static_cast<char>('a' + i % 26);
+        text[Count] = '%';
+        text[Count + 1] = 'd';
+    }
+};
+
+TEST_F(TextBuffer, LongLiterals) {
+    static constexpr LongLiteral<127> half;
+    static constexpr LongLiteral<128> more;
+    static constexpr LongLiteral<255> longest;
+    EXPECT_EQ(letters(127) + "7", appended([] { append(half.text, 7); }));
+    EXPECT_EQ(letters(128) + "7", appended([] { append(more.text, 7); }));
+    EXPECT_EQ(letters(255) + "7", appended([] { append(longest.text, 7); }));
+}
+
 TEST_F(TextBuffer, Addresses) {
     const Mac mac = {{0x0a, 0x00, 0xff, 0xbc, 0x01, 0x9f}};
     EXPECT_EQ("0a:00:ff:bc:01:9f", appended([&] { append("%02x:%02x:%02x:%02x:%02x:%02x", mac); }));

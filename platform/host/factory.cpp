@@ -28,7 +28,7 @@ void system(ConfigImage &image) {
     image.service.webEnabled = on;
     image.console.telnetPort = 23;
     image.console.timeout = 5;
-    image.console.timeoutInMinutes = 1;
+    image.console.timeoutInMinutes = on;
     image.console.webTimeout = 300;
 
     image.time.syncInterval = 24;

@@ -52,6 +52,8 @@ poe.onOff(&PoeConfig::enabled, {"a \n", "a\n"}, "no a\n")
 poe.value(&PoeConfig::alarmThreshold, {"a %d \n", "a %d\n"})
 stp.blocks(&StpPorts::enabled, {"a %s \n", "a %s\n"}, {{0, "no b\n"}})
 FITS
+long=$(printf 'a%.0s' {1..255}) # as many characters as there may be before a conversion
+fits+=("append(\"$long%d\\n\", number)")
 if ! compile "${fits[@]}"; then
     found "refused, though it fits:"
     cat "$folder/errors"
@@ -137,6 +139,7 @@ poe.value(&PoeConfig::alarmThreshold, "a %s\n")
 stp.blocks(&StpPorts::enabled, {"a %s \n", "b %s\n"}, {{0, "no b\n"}})
 stp.blocks(&StpPorts::enabled, "a %d\n", {{0, "no b\n"}})
 REFUSED
+refused+=("append(\"b$long%d\\n\", number)")
 compile "${refused[@]}"
 line=1
 for statement in "${refused[@]}"; do

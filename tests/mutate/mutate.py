@@ -37,6 +37,10 @@ __attribute__((constructor(101))) static void chooseChange() {{
 """
 TOGETHER = 150  # changes in one object, at most
 
+# The check of what must not compile, and the headers that refuse it.
+REFUSALS = "tests/checks/formats.sh"
+REFUSING = ["app/text/line_format.h", "app/text/text.h", "format/section_lines.h"]
+
 # What begins like that declares something: without it nothing compiles, and its place says nothing.
 DECLARATION = re.compile(r"(const|constexpr|constinit|inline|extern|auto|friend|using|template|struct|class|enum|"
                          r"namespace)\b")
@@ -314,7 +318,7 @@ PR_SET_PDEATHSIG = 1
 def limits(processor_seconds):
     os.setsid()
     LIBC.prctl(PR_SET_PDEATHSIG, signal.SIGKILL)  # a changed program may never end: it ends with this one
-    resource.setrlimit(resource.RLIMIT_FSIZE, (64 << 20, 64 << 20))
+    resource.setrlimit(resource.RLIMIT_FSIZE, (256 << 20, 256 << 20))
     resource.setrlimit(resource.RLIMIT_AS, (2 << 30, 2 << 30))
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
     if processor_seconds:
@@ -479,7 +483,7 @@ class Build:
         overlay = self.overlay(file, text[:mutant.start] + mutant.new + text[mutant.end:], scratch)
         if file not in self.objects:
             return self.judge_header(mutant, overlay, scratch)
-        objects = self.compile([file], overlay, scratch)
+        objects = self.compile([file], file, overlay, scratch)
         if objects is None or not self.survives(file, objects, scratch, tests_passed=tests_passed):
             return NOTICED
         return UNCHANGED if self.changes_nothing(mutant, scratch) else UNNOTICED
@@ -505,7 +509,7 @@ class Build:
         if file.startswith("platform/"):
             # Most that does not compile is noticed by the header alone, in a fraction of the time.
             command = self.command(users[0], overlay, overlay / file, None) + \
-                self.including(self.system_headers(users[0]))
+                self.including(self.settled_headers(users[0], file))
             if not passes(f"{command} -w -fsyntax-only -x c++ {overlay / file}", self.binary, 100):
                 return NOTICED
             stages.append((likely, "its own"))
@@ -514,15 +518,19 @@ class Build:
             stages += [([source], "all") for source in support[:1]]
             stages += [([source], "its own") for source in support[1:] + likely]
         first_slow = len(stages)
+        # What the first stages do not notice often is nothing. To find that takes less than all tests do, and less than
+        # to compile the other tests where the program has few users of the header.
+        compared = min(2, first_slow) if len(product) <= 3 else first_slow
         stages += [([source], "its own") for source in product if source not in near]
         stages.append((support + tests if file.startswith("platform/") else [], "all"))
         objects = {}
         for number, (sources, which) in enumerate(stages):
-            # What the first stages do not notice often is nothing, and finding that takes less than all tests.
-            if number == first_slow and self.changes_nothing(mutant, scratch.with_name(scratch.name + "-same")):
+            if number == len(near) and file in REFUSING and not self.refuses_the_same(overlay, scratch):
+                return NOTICED
+            if number == compared and self.changes_nothing(mutant, scratch.with_name(scratch.name + "-same")):
                 return UNCHANGED
             sources = [source for source in sources if source not in objects]
-            more = self.compile(sources, overlay, scratch)
+            more = self.compile(sources, file, overlay, scratch)
             if more is None:
                 return NOTICED
             objects = {**objects, **more}
@@ -534,6 +542,13 @@ class Build:
                                  slow_too=which != "quick"):
                 return NOTICED
         return UNNOTICED
+
+    def refuses_the_same(self, overlay, scratch):
+        """Whether formats that do not fit their arguments do not compile, and those that fit do."""
+        compiler = scratch / "compiler"
+        compiler.write_text(f'#!/bin/sh\nexec c++ -I{overlay} "$@"\n')
+        compiler.chmod(0o755)
+        return passes(["bash", str(self.copy / REFUSALS), str(compiler)], scratch, 100)
 
     @staticmethod
     def overlay(file, text, scratch):
@@ -564,38 +579,49 @@ class Build:
                 self.headers[source] = place
             return self.headers[source]
 
-    def system_headers(self, source):
-        """The headers of the system that the sources with the same flags include, compiled once; None if that fails."""
+    def settled_headers(self, source, file):
+        """The headers that a source includes and that do not include `file`, those of the system and of the tree,
+        compiled once for all sources with the same flags; None if that fails."""
         flags = self.flags(source)
         with self.headers_lock:
-            if flags not in self.headers:
-                self.headers[flags] = None
+            if (flags, file) not in self.headers:
+                self.headers[flags, file] = None
                 lines = set()
-                for other in self.objects:
+                for other in self.users.get(file, [source]):
                     if self.flags(other) == flags:
-                        lines |= self.system_includes(other)
-                place = self.binary / "headers" / f"system-{len(self.headers)}.h"
+                        lines |= self.includes(other, file)
+                place = self.binary / "headers" / f"settled-{len(self.headers)}.h"
                 place.parent.mkdir(exist_ok=True)
                 place.write_text("\n".join(sorted(lines)) + "\n")
                 if passes(f"{flags} -x c++-header {place} -o {place}.gch", self.binary, 100):
-                    self.headers[flags] = place
-            return self.headers[flags]
+                    self.headers[flags, file] = place
+            return self.headers[flags, file]
 
-    def system_includes(self, file, seen=None):
-        """The lines that include headers of the system in a file, or in what it includes of the tree."""
-        seen = seen if seen is not None else set()
-        found = set()
-        for line in (self.copy / file).read_text().splitlines():
-            match = re.match(r'#include (<\S+>|"(\S+)")', line)
-            if not match:
-                continue
-            if not match.group(2):
-                found.add(match.group())
-                continue
-            for path in (match.group(2), f"{os.path.dirname(file)}/{match.group(2)}"):
-                if path not in seen and (self.copy / path).is_file():
-                    seen.add(path)
-                    found |= self.system_includes(path, seen)
+    def includes(self, source, file):
+        """The lines that include headers in a source, or in what it includes of the tree, if they do not include
+        `file`."""
+        found, known = set(), {}
+
+        def settled(path):
+            if path not in known:
+                known[path] = False
+                good = path != file
+                for line in (self.copy / path).read_text().splitlines():
+                    match = re.match(r'#include (<\S+>|"(\S+)")', line)
+                    if not match:
+                        continue
+                    own = [place for place in (match.group(2), f"{os.path.dirname(path)}/{match.group(2)}")
+                           if match.group(2) and (self.copy / place).is_file()]
+                    if not match.group(2):
+                        found.add(match.group())
+                    elif not own or not settled(own[0]):
+                        good = False
+                    elif not own[0].startswith("tests/"):  # two of those may have the same names
+                        found.add(match.group())
+                known[path] = good
+            return known[path]
+
+        settled(source)
         return found
 
     def flags(self, source):
@@ -607,14 +633,15 @@ class Build:
     def including(header):
         return f" -include {header}" if header else ""
 
-    def compile(self, sources, overlay, scratch):
+    def compile(self, sources, file, overlay, scratch):
         """Compiles the sources with the changed file. Returns the objects by source; None if it fails."""
         objects = {}
         for source in sources:
             new = scratch / (source.replace("/", "-") + ".o")
             own = overlay / source
             command = self.command(source, overlay, own if own.exists() else self.copy / source, new)
-            command += self.including(self.precompiled(source) if own.exists() else self.system_headers(source))
+            command += self.including(self.precompiled(source) if own.exists() else
+                                      self.settled_headers(source, file))
             if not passes(command, self.binary, 200):
                 return None
             objects[source] = new
@@ -743,7 +770,7 @@ class Build:
             overlay = self.overlay(file, together(text, left), scratch)
             failed = self.broken(file, users, overlay)
             if not failed:
-                objects = self.compile(users, overlay, scratch)
+                objects = self.compile(users, file, overlay, scratch)
                 for program in self.programs_for(file) if objects else []:
                     binary = scratch / program.name
                     linked = self.link(program, objects, binary)
@@ -773,7 +800,7 @@ class Build:
         found = set()
         for source in users[:3]:
             command = self.command(source, overlay, "", None)
-            header = self.precompiled(source) if source == file else self.system_headers(source)
+            header = self.precompiled(source) if source == file else self.settled_headers(source, file)
             own = overlay / source if (overlay / source).exists() else self.copy / source
             command += self.including(header) + f" -w -fsyntax-only -fmax-errors=0 {own}"
             result = subprocess.run(command, shell=True, cwd=self.binary, stdin=subprocess.DEVNULL, text=True,
