@@ -78,6 +78,10 @@ TEST(Names, AreShownUpToALength) {
     EXPECT_EQ(tooLong->text(), longest + "...");
     EXPECT_EQ(std::make_unique<Shown>(longest.c_str())->text(), longest);
     EXPECT_EQ(std::make_unique<Shown>((longest + "n").data(), 4097, 5000)->text(), longest + "...");
+    // The longest text of all: every byte takes four characters.
+    std::string allEscaped;
+    for (int i = 0; i < 4096; ++i) allEscaped += "\\x01";
+    EXPECT_EQ(std::make_unique<Shown>(std::string(4097, '\x01').c_str())->text(), allEscaped + "...");
     EXPECT_STREQ(std::make_unique<Shown>("abc", 3, 3)->text(), "abc");
     EXPECT_STREQ(std::make_unique<Shown>("abc", 3, 2)->text(), "ab...");
     EXPECT_STREQ(std::make_unique<Shown>("a\xc3\xa4", 3, 2)->text(), "a\\xc3...");

@@ -121,6 +121,18 @@ mutate 1 "\
 explained.txt:5: there is no such change: third
 1 explanations of changes that there are not" --stale
 
+# What an explanation does not stand for is tried.
+cp "$tree/tests/mutate/explained.txt" "$scratch/kept"
+printf '%s\n' 'sections/*.cpp swap: if' '!sections/toy.cpp swap: if (second' '    accepted: It is not.' \
+    >"$tree/tests/mutate/explained.txt"
+mutate 0 "0 changes, and 0 that are explained" --explained --list sections/toy.cpp
+printf '%s\n' 'sections/*.cpp swap: if' '!sections/toy.cpp swap: third' '    accepted: It is not.' \
+    >"$tree/tests/mutate/explained.txt"
+mutate 1 "\
+explained.txt:2: there is no such change: third
+1 explanations of changes that there are not" --stale
+cp "$scratch/kept" "$tree/tests/mutate/explained.txt"
+
 # One whose reason has no class, and one without a reason.
 cp "$tree/tests/mutate/explained.txt" "$scratch/kept"
 printf '%s\n' 'sections/toy.cpp drop: first' '    It is so.' >>"$tree/tests/mutate/explained.txt"

@@ -509,7 +509,7 @@ class Build:
         if file.startswith("platform/"):
             # Most that does not compile is noticed by the header alone, in a fraction of the time.
             command = self.command(users[0], overlay, overlay / file, None) + \
-                self.including(self.settled_headers(users[0], file))
+                self.including(self.common_headers(users[0], file))
             if not passes(f"{command} -w -fsyntax-only -x c++ {overlay / file}", self.binary, 100):
                 return NOTICED
             stages.append((likely, "its own"))
@@ -579,18 +579,18 @@ class Build:
                 self.headers[source] = place
             return self.headers[source]
 
-    def settled_headers(self, source, file):
-        """The headers that a source includes and that do not include `file`, those of the system and of the tree,
-        compiled once for all sources with the same flags; None if that fails."""
+    def common_headers(self, source, file):
+        """The headers of the system, and those of the tree that do not include `file`, which all of its users with the
+        same flags include, compiled once; None if that fails. Those that only some of them include may declare what a
+        change leaves out."""
         flags = self.flags(source)
         with self.headers_lock:
             if (flags, file) not in self.headers:
                 self.headers[flags, file] = None
-                lines = set()
-                for other in self.users.get(file, [source]):
-                    if self.flags(other) == flags:
-                        lines |= self.includes(other, file)
-                place = self.binary / "headers" / f"settled-{len(self.headers)}.h"
+                found = [self.includes(other, file) for other in self.users.get(file, [source])
+                         if self.flags(other) == flags]
+                lines = set.intersection(*found) | {line for each in found for line in each if "<" in line}
+                place = self.binary / "headers" / f"common-{len(self.headers)}.h"
                 place.parent.mkdir(exist_ok=True)
                 place.write_text("\n".join(sorted(lines)) + "\n")
                 if passes(f"{flags} -x c++-header {place} -o {place}.gch", self.binary, 100):
@@ -641,7 +641,7 @@ class Build:
             own = overlay / source
             command = self.command(source, overlay, own if own.exists() else self.copy / source, new)
             command += self.including(self.precompiled(source) if own.exists() else
-                                      self.settled_headers(source, file))
+                                      self.common_headers(source, file))
             if not passes(command, self.binary, 200):
                 return None
             objects[source] = new
@@ -800,7 +800,7 @@ class Build:
         found = set()
         for source in users[:3]:
             command = self.command(source, overlay, "", None)
-            header = self.precompiled(source) if source == file else self.settled_headers(source, file)
+            header = self.precompiled(source) if source == file else self.common_headers(source, file)
             own = overlay / source if (overlay / source).exists() else self.copy / source
             command += self.including(header) + f" -w -fsyntax-only -fmax-errors=0 {own}"
             result = subprocess.run(command, shell=True, cwd=self.binary, stdin=subprocess.DEVNULL, text=True,
