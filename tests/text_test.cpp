@@ -459,6 +459,8 @@ TEST_F(TextBuffer, LineBufferIsNotOverrun) {
     EXPECT_EQ('g', LineBuffer[16383]);
     append("%s", longText(16384));
     EXPECT_EQ('g', LineBuffer[16383]);
+    append("%s%u", longText(16374), UINT32_MAX);
+    EXPECT_EQ('g', LineBuffer[16383]);
     LineWriter line;
     for (int i = 0; i < 20000; ++i) line.put('z');
     EXPECT_EQ('g', LineBuffer[16383]);
