@@ -8,7 +8,7 @@ namespace factory {
 /// The VLAN of the switch's own management.
 inline constexpr std::uint16_t managementVlan = 99;
 
-/// Of an on/off setting.
+/// The value of a setting that is on.
 inline constexpr u8 on = 1;
 
 inline constexpr int firstUplink = 25;

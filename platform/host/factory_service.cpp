@@ -228,7 +228,7 @@ void spanningTree(ConfigImage &image) {
     give(image.stpPorts.priority, distribution, 32);
     give(image.stpPorts.priority, westWing, 64);
     give(image.stpPorts.edge, accessPorts, on);
-    give(image.stpPorts.pointToPoint, accessPoints, on);
+    give(image.stpPorts.pointToPoint, accessPoints, 1U);
     give(image.stpPorts.pointToPoint, uplinks, 0U);
 }
 
@@ -276,7 +276,7 @@ void macTable(ConfigImage &image) {
         camera.port = static_cast<u8>(index);
         camera.vlan = cameraVlan;
     }
-    give(image.macLearning.off, cameras, on);
+    give(image.macLearning.off, cameras, 1U);
 }
 
 void lldp(ConfigImage &image) {
@@ -402,7 +402,7 @@ void dhcpSnooping(ConfigImage &image) {
 }
 
 void sourceGuard(ConfigImage &image) {
-    give(image.sourceGuard, desks, on);
+    give(image.sourceGuard, desks, u8{1});
     give(image.sourceGuard, cameras, u8{0});
 
     u8 host = 17;
