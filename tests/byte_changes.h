@@ -26,7 +26,7 @@ public:
     }
 
     void add(std::size_t first, std::size_t last) {
-        for (std::size_t offset = first; offset <= last; ++offset) offsets_.insert(offset);
+        for (std::size_t offset = first; offset <= last; ++offset) offsets_.insert(offsets_.end(), offset);
     }
     /// Those from `first` to `last`.
     Places within(std::size_t first, std::size_t last) const {
@@ -67,7 +67,8 @@ inline Places at(std::size_t base, const Places &places) {
 /// `places` of each of `count` records.
 inline Places each(std::size_t base, std::size_t size, std::size_t count, const Places &places, std::size_t step = 1) {
     Places all;
-    for (std::size_t i = 0; i < count; i += step) all = all + at(base + i * size, places);
+    for (std::size_t i = 0; i < count; i += step)
+        for (const std::size_t place : places) all.add(base + i * size + place, base + i * size + place);
     return all;
 }
 
@@ -93,7 +94,7 @@ inline ChangedTexts changedTexts(Mode mode, const char *emitter, const Given &gi
         const u8 stored = bytes[offset];
         for (const u8 bits : changes) {
             bytes[offset] ^= bits;
-            clearText();
+            restartText();
             call();
             bytes[offset] = stored;
             if (unchanged != Temp_Configuration) texts.emplace(offset, Temp_Configuration);

@@ -38,7 +38,7 @@ void forEachCall(const std::function<void(Mode mode, const order::Step &step, co
             const order::Call &call = mode == Mode::full ? step.full : step.delta;
             if (!call) continue;
             SCOPED_TRACE(std::string(step.emitter) + (mode == Mode::full ? ", full mode" : ", delta mode"));
-            clearText();
+            restartText();
             body(mode, step, call);
         }
     }
@@ -62,7 +62,7 @@ TEST(EveryEmitter, TracesItsNameAndWritesTheSameText) {
             gCfgDebug = 0;
             EXPECT_EQ("", printedBy([&] { call(); }));
             const std::string text = Temp_Configuration;
-            clearText();
+            restartText();
             gCfgDebug = -1;
             EXPECT_EQ(traces(mode, step.emitter) ? "[" + std::string(step.emitter) + "]\n" : "",
                       printedBy([&] { call(); }));
@@ -155,7 +155,7 @@ TEST(EveryEmitter, WritesNothingForEqualImagesInDeltaMode) {
             if (!step.delta || unconditional.count(step.emitter) != 0) continue;
             step.delta();
             EXPECT_STREQ("", Temp_Configuration) << step.emitter << ", seed " << seed;
-            clearText();
+            restartText();
         }
     }
 }

@@ -20,7 +20,7 @@ void store(ConfigImage &image, const std::vector<FieldLine> &lines, const Choice
 }
 
 std::string rendered(const order::Call &call) {
-    clearText();
+    restartText();
     call();
     return Temp_Configuration;
 }

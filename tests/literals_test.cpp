@@ -126,14 +126,14 @@ template <class Compose> void takeAll(Reached &reached, Compose compose) {
         compose();
         for (const Direct &direct : directCalls) {
             if (direct.mode != mode) continue;
-            clearText();
+            restartText();
             direct.call();
             reached.take(mode, direct.emitter);
         }
         for (const order::Step &step : order::steps) {
             const order::Call &call = mode == Mode::full ? step.full : step.delta;
             if (!call) continue;
-            clearText();
+            restartText();
             call();
             reached.take(mode, step.emitter);
         }
@@ -194,7 +194,7 @@ void expectWholeLiterals(const std::string &store, void (*compose)()) {
         for (const order::Step &step : order::steps) {
             const order::Call &call = mode == Mode::full ? step.full : step.delta;
             if (!call) continue;
-            clearText();
+            restartText();
             call();
             const auto literals = sources().literalsOf(nameOf(mode), step.emitter);
             for (const std::string &line : linesOf(Temp_Configuration)) {

@@ -243,10 +243,10 @@ TEST(Segments, WholeTables) {
         expectedProfiles += "exit\n";
     }
     for (const Mode mode : {Mode::full, Mode::delta}) {
-        clearText();
+        restartText();
         callStep(mode, segments);
         EXPECT_EQ(expectedSegments, Temp_Configuration);
-        clearText();
+        restartText();
         callStep(mode, profiles);
         EXPECT_EQ(expectedProfiles, Temp_Configuration);
     }

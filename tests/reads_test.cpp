@@ -239,9 +239,7 @@ const std::vector<Row> &rows() {
 std::string run(const Row &row) {
     (*row.call)();
     std::string text = Temp_Configuration;
-    // As clearText would, but only as far as there is text.
-    if (textOverflowed()) clearText();
-    else std::memset(Temp_Configuration, 0, text.size());
+    restartText();
     return text;
 }
 

@@ -22,6 +22,11 @@ void resetAll() {
     platform.reset();
 }
 
+void restartText() {
+    if (textOverflowed()) clearText();
+    Temp_Configuration[0] = '\0';
+}
+
 order::Call stepOf(Mode mode, const char *emitter) {
     for (const order::Step &step : order::steps) {
         if (step.emitter != emitter) continue;

@@ -29,6 +29,9 @@ struct Row {
 
 /// Zero images, a zero board, an empty text, a platform as it is before each test.
 void resetAll();
+/// An empty text for a further step. It is made as a caller of the emitters makes it, and not all bytes are cleared,
+/// which would take longer than most steps.
+void restartText();
 
 /// The emitter's step of the order table in `mode`. Throws std::invalid_argument if there is none.
 order::Call stepOf(Mode mode, const char *emitter);
