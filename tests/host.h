@@ -1,6 +1,8 @@
 /// What the tests of the workstation stand-in share.
 #pragma once
 
+#include "file.h"
+
 #include "platform/host/factory.h"
 #include "platform/mapi.h"
 
@@ -12,7 +14,6 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <memory>
 #include <string>
 #include <sys/stat.h>
@@ -61,10 +62,7 @@ protected:
     void put(const std::string &file, const std::string &bytes) const {
         std::ofstream(path(file), std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     }
-    std::string get(const std::string &file) const {
-        std::ifstream in(path(file), std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
+    std::string get(const std::string &file) const { return bytesOfFile(path(file)); }
     std::vector<std::string> files() const {
         std::vector<std::string> names;
         for (const auto &entry : std::filesystem::directory_iterator(folder))

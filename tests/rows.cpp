@@ -1,13 +1,14 @@
 #include "rows.h"
 
+#include "file.h"
+
 #include "app/drivers.h"
 
 #include <cctype>
 #include <cstdio>
 #include <cstring>
-#include <fstream>
+#include <filesystem>
 #include <set>
-#include <sstream>
 #include <stdexcept>
 #include <unistd.h>
 #include <utility>
@@ -48,11 +49,9 @@ std::string renderPage(Mode mode, const Setter<void(ConfigImage &, ConfigImage &
 }
 
 std::string golden(const std::string &name) {
-    std::ifstream file(std::string(TEXTCFG_GOLDEN) + "/" + name, std::ios::binary);
-    if (!file) throw std::runtime_error("no golden text " + name);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
+    const std::string text = bytesOfFile(std::filesystem::path(TEXTCFG_GOLDEN) / name);
+    if (text.empty()) throw std::runtime_error("no golden text " + name);
+    return text;
 }
 
 std::string printedBy(const std::function<void()> &body) {

@@ -1,4 +1,5 @@
 /// The run: command line, order of calls to the platform, failures, output file.
+#include "file.h"
 #include "output_file.h"
 #include "rows.h"
 
@@ -11,7 +12,6 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <set>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -28,11 +28,6 @@ constexpr const char *usage = "\n"
                               "    running_config  [-f filename] [-F filename]\n"
                               "    startup_config  [-f filename] [-F filename]\n"
                               "    customer_def_config  [-f filename] [-F filename]\n";
-
-std::string contents(const fs::path &path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
 
 void put(const fs::path &path, const std::string &text) { std::ofstream(path, std::ios::binary) << text; }
 
@@ -172,7 +167,7 @@ TEST_P(Verbs, RendersItsImageWithItsDriver) {
     const std::vector<std::pair<int, const void *>> expected = {{verb.selector, gSysConfig}, {1, gDefConfig}};
     EXPECT_EQ(expected, fetched);
 
-    const std::string text = contents(path);
+    const std::string text = bytesOfFile(path);
     EXPECT_EQ(Temp_Configuration, text);
     const std::string head = verb.page ? "configure\n"
                                        : "# VERSION 5036 6000 V1.0.0 MAC 00:11:22:33:44:55\n"
@@ -253,7 +248,7 @@ TEST_F(Run, TakesAnyHandleButMinusOne) {
 TEST_F(Run, OldContentsOfTheFileAreGone) {
     put(path, std::string(300000, 'o'));
     EXPECT_EQ(silentSuccess, run({"running_config", "-f", path}));
-    EXPECT_EQ(Temp_Configuration, contents(path));
+    EXPECT_EQ(Temp_Configuration, bytesOfFile(path));
 }
 
 // ------------------------------------------------------------------------------------------------------ command line
@@ -317,14 +312,14 @@ TEST_F(Run, FileOptionIsAnyWordWithTheLetter) {
     for (const char *option : {"-f", "-F", "-fxyz", "-File", "-f-x"}) {
         fs::remove(path);
         EXPECT_EQ(silentSuccess, run({"running_config", option, path})) << option;
-        EXPECT_EQ(Temp_Configuration, contents(path)) << option;
+        EXPECT_EQ(Temp_Configuration, bytesOfFile(path)) << option;
     }
     fs::remove(path);
     EXPECT_EQ(silentSuccess, run({"-f", path, "running_config"}));
     forgetCalls();
     EXPECT_EQ(silentSuccess, run({"-F", path, "running_config"}));
     EXPECT_EQ(withHeader(0), runCalls());
-    EXPECT_EQ(Temp_Configuration, contents(path));
+    EXPECT_EQ(Temp_Configuration, bytesOfFile(path));
 }
 
 TEST_F(Run, WordBehindAFileOptionIsAPathWhateverItIs) {
@@ -337,7 +332,7 @@ TEST_F(Run, WordBehindAFileOptionIsAPathWhateverItIs) {
     fs::current_path(before);
     EXPECT_EQ(withHeader(1), runCalls()) << "the path is no verb";
     for (const char *name : {"-f", "-x", "running_config"})
-        EXPECT_EQ(Temp_Configuration, contents(folder / name)) << name;
+        EXPECT_EQ(Temp_Configuration, bytesOfFile(folder / name)) << name;
 }
 
 TEST_F(Run, LastVerbWins) {
@@ -370,7 +365,7 @@ TEST_F(Run, DefaultPath) {
         EXPECT_EQ(silentSuccess, run(words));
         EXPECT_STREQ("/tmp/config", ConfigFile);
         EXPECT_EQ(Calls{"/tmp/config"}, outputFile.opened);
-        EXPECT_EQ(Temp_Configuration, contents(byDefault));
+        EXPECT_EQ(Temp_Configuration, bytesOfFile(byDefault));
         fs::remove(byDefault);
         EXPECT_TRUE(nothingWritten());
     }
@@ -395,14 +390,14 @@ TEST_F(Run, PathOfOneCharacterIsTaken) {
     fs::current_path(folder);
     EXPECT_EQ(silentSuccess, run({"running_config", "-f", "p"}));
     fs::current_path(before);
-    EXPECT_EQ(Temp_Configuration, contents(folder / "p"));
+    EXPECT_EQ(Temp_Configuration, bytesOfFile(folder / "p"));
 }
 
 TEST_F(Run, PathOf255CharactersIsTaken) {
     const std::string longest = pathOf(folder, 255);
     EXPECT_EQ(silentSuccess, run({"running_config", "-f", longest}));
     EXPECT_EQ(longest, ConfigFile);
-    EXPECT_EQ(Temp_Configuration, contents(longest));
+    EXPECT_EQ(Temp_Configuration, bytesOfFile(longest));
 }
 
 TEST_F(Run, PathOf256CharactersIsRefused) {
@@ -461,7 +456,7 @@ TEST_P(Failures, EndSilentlyWithoutAFile) {
     put(path, "kept");
     forgetCalls();
     EXPECT_EQ(silentFailure, run({failure.word, "-f", path}));
-    EXPECT_EQ("kept", contents(path));
+    EXPECT_EQ("kept", bytesOfFile(path));
     EXPECT_STREQ("", Temp_Configuration) << "nothing is rendered";
 }
 
@@ -485,23 +480,23 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(Run, FailingHeaderTransactionDropsTheHeaderOnly) {
     EXPECT_EQ(silentSuccess, run({"running_config_page", "-f", path}));
-    const std::string body = contents(path).substr(std::strlen("configure\n"));
+    const std::string body = bytesOfFile(path).substr(std::strlen("configure\n"));
     clearText();
     forgetCalls();
     platform.failingCall = 4;
     EXPECT_EQ(silentSuccess, run({"running_config", "-f", path}));
     EXPECT_EQ((Calls{"start", "eeprom 1", "config 1 0", "config 1 1", "start", "end 1"}), runCalls());
-    EXPECT_EQ(Temp_Configuration, contents(path));
-    EXPECT_EQ(std::string::npos, contents(path).find("# VERSION"));
-    EXPECT_EQ(std::string::npos, contents(path).find("configure\n"));
-    EXPECT_EQ(body, contents(path));
+    EXPECT_EQ(Temp_Configuration, bytesOfFile(path));
+    EXPECT_EQ(std::string::npos, bytesOfFile(path).find("# VERSION"));
+    EXPECT_EQ(std::string::npos, bytesOfFile(path).find("configure\n"));
+    EXPECT_EQ(body, bytesOfFile(path));
 }
 
 TEST_F(Run, ResultsOfTheOtherCallsDoNotEndTheRun) {
     platform.board.versionOfBank1 = "V1.0";
     EXPECT_EQ(silentSuccess, run({"running_config", "-f", path}));
     const Calls good = platform.calls;
-    const std::string text = contents(path);
+    const std::string text = bytesOfFile(path);
     for (std::size_t failing = 5; failing < good.size(); ++failing) {
         fs::remove(path);
         forgetCalls();
@@ -511,7 +506,7 @@ TEST_F(Run, ResultsOfTheOtherCallsDoNotEndTheRun) {
         // A bank that cannot be told leaves the version empty; nothing else shows.
         std::string expected = text;
         if (good[failing].starts_with("bank")) expected.erase(expected.find("V1.0"), 4);
-        EXPECT_EQ(expected, contents(path)) << good[failing];
+        EXPECT_EQ(expected, bytesOfFile(path)) << good[failing];
     }
 }
 
@@ -539,12 +534,12 @@ void beginWith(std::size_t length) {
 TEST_F(Run, TextThatIsTooLongIsToldAndNotWritten) {
     beginWith(0);
     EXPECT_EQ(silentSuccess, run({"running_config", "-f", path}));
-    const std::string body = contents(path);
+    const std::string body = bytesOfFile(path);
 
     // The longest text that fits.
     beginWith(262143 - body.size());
     EXPECT_EQ(silentSuccess, run({"running_config", "-f", path}));
-    EXPECT_EQ(std::string(262143 - body.size(), 'x') + body, contents(path));
+    EXPECT_EQ(std::string(262143 - body.size(), 'x') + body, bytesOfFile(path));
     fs::remove(path);
 
     const Result tooLong = {-1, "tool: text configuration too long (limit 262143 bytes)\n"};
@@ -556,12 +551,12 @@ TEST_F(Run, TextThatIsTooLongIsToldAndNotWritten) {
     put(path, "kept");
     beginWith(262143);
     EXPECT_EQ(tooLong, run({"running_config", "-f", path}));
-    EXPECT_EQ("kept", contents(path));
+    EXPECT_EQ("kept", bytesOfFile(path));
 
     // The next run in the same process starts afresh.
     platform.failingCall = -1;
     EXPECT_EQ(silentSuccess, run({"running_config", "-f", path}));
-    EXPECT_EQ(Temp_Configuration, contents(path));
+    EXPECT_EQ(Temp_Configuration, bytesOfFile(path));
 }
 
 // ---------------------------------------------------------------------------------------------------- the output file
@@ -578,15 +573,15 @@ TEST_F(TextFile, HoldsTheTextAndNothingElse) {
     for (const std::size_t length : {std::size_t{0}, std::size_t{1}, std::size_t{5000}, std::size_t{262143}}) {
         fill(length);
         EXPECT_EQ(0, TextCfg2file(path.c_str()));
-        EXPECT_EQ(std::string(length, 't'), contents(path));
+        EXPECT_EQ(std::string(length, 't'), bytesOfFile(path));
     }
     fill(100);
     Temp_Configuration[40] = '\0';
     EXPECT_EQ(0, TextCfg2file(path.c_str()));
-    EXPECT_EQ(std::string(40, 't'), contents(path)) << "up to the first NUL";
+    EXPECT_EQ(std::string(40, 't'), bytesOfFile(path)) << "up to the first NUL";
     std::memset(Temp_Configuration, 't', 262144);
     EXPECT_EQ(0, TextCfg2file(path.c_str()));
-    EXPECT_EQ(std::string(262144, 't'), contents(path)) << "never beyond the buffer";
+    EXPECT_EQ(std::string(262144, 't'), bytesOfFile(path)) << "never beyond the buffer";
     clearText();
 }
 
@@ -596,7 +591,7 @@ TEST_F(TextFile, FollowsALinkAndKeepsItsTarget) {
     fill(4);
     EXPECT_EQ(0, TextCfg2file(path.c_str()));
     EXPECT_TRUE(fs::is_symlink(path));
-    EXPECT_EQ("tttt", contents(folder / "target"));
+    EXPECT_EQ("tttt", bytesOfFile(folder / "target"));
 }
 
 TEST_F(TextFile, FullDeviceIsNotToldByTheRun) {
@@ -645,7 +640,7 @@ TEST_F(TextFile, PartOfATextIsNotLeftBehind) {
         }
         EXPECT_EQ(-1, result) << length;
         EXPECT_TRUE(fs::exists(path));
-        EXPECT_EQ("", contents(path)) << length;
+        EXPECT_EQ("", bytesOfFile(path)) << length;
     }
     fill(1000);
     int result = -1;
@@ -654,7 +649,7 @@ TEST_F(TextFile, PartOfATextIsNotLeftBehind) {
         result = TextCfg2file(path.c_str());
     }
     EXPECT_EQ(0, result);
-    EXPECT_EQ(std::string(1000, 't'), contents(path));
+    EXPECT_EQ(std::string(1000, 't'), bytesOfFile(path));
 
     int status = -1;
     {
@@ -666,7 +661,7 @@ TEST_F(TextFile, PartOfATextIsNotLeftBehind) {
         status = textcfgMain(4, words);
     }
     EXPECT_EQ(0, status);
-    EXPECT_EQ("", contents(path));
+    EXPECT_EQ("", bytesOfFile(path));
 }
 
 /// The calls that the kernel was asked for by this process to write something, or -1 if it does not count them.
@@ -685,7 +680,7 @@ TEST_F(TextFile, ReachesTheKernelInOneWrite) {
         const long long before = kernelWrites();
         EXPECT_EQ(0, TextCfg2file(path.c_str()));
         EXPECT_EQ(before + 1, kernelWrites()) << length;
-        EXPECT_EQ(std::string(length, 't'), contents(path));
+        EXPECT_EQ(std::string(length, 't'), bytesOfFile(path));
     }
 }
 

@@ -1,5 +1,6 @@
 #include "program.h"
 
+#include "../file.h"
 #include "../random_stores.h"
 
 #include "inspect/command_line.h"
@@ -10,7 +11,6 @@
 #include <cstdio>
 #include <cstring>
 #include <fstream>
-#include <iterator>
 #include <memory>
 #include <unistd.h>
 
@@ -83,7 +83,4 @@ std::string ProgramTest::writeStore(const std::string &name, const StoreRecords 
     return path(name);
 }
 
-std::string ProgramTest::read(const std::string &name) const {
-    std::ifstream file(folder_ / name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
+std::string ProgramTest::read(const std::string &name) const { return bytesOfFile(folder_ / name); }

@@ -1,4 +1,6 @@
 /// Input: what RECORD may be, what belongs to it, and what is said when it cannot be used.
+#include "../file.h"
+
 #include "inspect/record_source.h"
 #include "platform/host/factory.h"
 
@@ -130,11 +132,8 @@ TEST_F(RecordSource, GivenRecordsComeBeforeTheNeighbours) {
 }
 
 TEST_F(RecordSource, AnImageInsideOfALargerDump) {
-    const std::string image = [&] {
-        writeImage("whole.img", "inside");
-        std::ifstream file(path("whole.img"), std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(file), {});
-    }();
+    writeImage("whole.img", "inside");
+    const std::string image = bytesOfFile(path("whole.img"));
     write("dump.bin", std::string(100000, 'x') + image + "rest");
     EXPECT_STREQ(loadInput({.record = path("dump.bin"), .offset = 100000}).image->company.hostName.characters,
                  "inside");

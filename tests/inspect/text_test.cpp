@@ -1,4 +1,5 @@
 /// `text` prints what textcfg writes, for every verb.
+#include "../file.h"
 #include "program.h"
 
 #include "app/text/text.h"
@@ -6,8 +7,7 @@
 #include "inspect/record_source.h"
 #include "inspect/render.h"
 
-#include <fstream>
-#include <iterator>
+#include <filesystem>
 #include <memory>
 
 namespace {
@@ -27,9 +27,9 @@ std::vector<std::string> wordsOf(const Verb &verb, const std::string &folder) {
 }
 
 std::string golden(const std::string &name) {
-    std::ifstream file(std::string(TEXTCFG_GOLDEN) + '/' + name, std::ios::binary);
-    EXPECT_TRUE(file) << name;
-    return {std::istreambuf_iterator<char>(file), {}};
+    const std::string text = bytesOfFile(std::filesystem::path(TEXTCFG_GOLDEN) / name);
+    EXPECT_NE(text, "") << name;
+    return text;
 }
 
 TEST_F(Text, IsThatOfTheDriverOfEachVerb) {
