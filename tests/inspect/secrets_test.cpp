@@ -128,9 +128,10 @@ TEST_F(Secrets, AreInNoOutputOfAnyCommand) {
             const bool tries = command == "explain" || command == "annotate";
             for (const std::vector<std::string> &named : records) {
                 if ((tries || shareOf(2) == 1) && &named != std::begin(records)) break;
-                // All sets of flags, or none and all where the machine is slow.
+                // All sets of flags for the first; none and all for the others, and where the machine is slow.
                 const unsigned last = (1U << flags.size()) - 1;
-                const unsigned apart = shareOf(2) == 1 && last > 1 ? last : 1;
+                const bool isWhole = shareOf(2) != 1 && &named == std::begin(records);
+                const unsigned apart = isWhole || last == 0 ? 1 : last;
                 for (unsigned chosen = 0; chosen <= last; chosen += apart) {
                     std::vector<std::string> words = {command, named[0]};
                     // What is no second record may be a pattern, which is a chance of its own.
@@ -160,9 +161,10 @@ TEST_F(Secrets, AreInNoOutputOfAnyCommand) {
                             files.push_back(written + '/' + entry.path().filename().string());
                     }
                     for (const std::string &one : files) {
-                        expectNoToken(read(one), one);
-                        for (const std::string &form : forms) ASSERT_EQ(read(one).find(form), std::string::npos);
-                        printed += read(one).size();
+                        const std::string bytes = read(one);
+                        expectNoToken(bytes, one);
+                        for (const std::string &form : forms) ASSERT_EQ(bytes.find(form), std::string::npos);
+                        printed += bytes.size();
                     }
                     std::filesystem::remove_all(path(written));
                 }
@@ -186,8 +188,11 @@ TEST_F(Secrets, AreShownWhereTheyAreAskedFor) {
                                                   {"explain", folder, "/ secret /", "--secrets"},
                                                   {"explain", folder, "--field", "users[1].password", "--secrets"},
                                                   {"annotate", folder, "--delta", "--secrets"},
-                                                  {"text", folder}})
+                                                  {"text", folder}}) {
+        // These try each field of each line.
+        if (shareOf(2) == 1 && (words[0] == "annotate" || (words[0] == "explain" && words[2] != "--field"))) continue;
         EXPECT_NE(runProgram(words).out.find("Zq"), std::string::npos) << words[0];
+    }
     EXPECT_NE(runProgram({"show", folder, "time.reserved77", "--secrets"}).out.find("5a71"), std::string::npos);
     EXPECT_EQ(runProgram({"show", folder, "time.reserved77"}).out.find("5a71"), std::string::npos);
 }
