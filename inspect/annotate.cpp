@@ -3,6 +3,8 @@
 #include "inspect/mask.h"
 #include "inspect/show.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <cstdio>
 #include <unistd.h>

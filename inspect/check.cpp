@@ -4,6 +4,8 @@
 #include "inspect/show.h"
 #include "inspect/values.h"
 
+#include <nlohmann/json.hpp>
+
 #include <cstdio>
 #include <iostream>
 

@@ -2,6 +2,8 @@
 #include "inspect/coverage.h"
 #include "inspect/values.h"
 
+#include <nlohmann/json.hpp>
+
 #include <cstdio>
 #include <map>
 #include <string>

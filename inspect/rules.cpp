@@ -313,7 +313,7 @@ private:
         case Members::named:
             if (leaf.part() != Part::image || field.isWord) break;
             for (unsigned bit = 0; bit < size; ++bit)
-                if (has(set, bit) && memberOf(field, bit).is_number()) add(bit);
+                if (has(set, bit) && !hasName(field, bit)) add(bit);
             if (!beyond.empty()) report(bitsUnknown, leaf, beyond, "bits that have a name");
             break;
         case Members::bits: break;

@@ -4,6 +4,8 @@
 #include "inspect/sha256.h"
 #include "platform/mapi.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <array>
 #include <cstdio>

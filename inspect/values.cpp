@@ -1,5 +1,7 @@
 #include "inspect/values.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <arpa/inet.h>
 #include <charconv>
@@ -8,6 +10,22 @@
 
 namespace inspect {
 namespace {
+
+/// The member that a bit stands for: a name, or a number that no name stands for.
+Json memberOf(const Field &field, unsigned bit) {
+    switch (field.members) {
+    case Members::ports:
+        if (bit == cpuPort) return "cpu";
+        return bit + 1;
+    case Members::named:
+        for (const Word &word : field.words)
+            if (word.code == bit) return word.word;
+        break;
+    case Members::bits:
+    case Members::vlans: break;
+    }
+    return bit;
+}
 
 constexpr std::string_view digits = "0123456789abcdef";
 
@@ -102,9 +120,7 @@ std::string listOf(const Field &field, const BitNumbers &bits) {
             continue;
         }
         std::size_t last = i;
-        while (last + 1 < bits.size() && bits[last + 1] == bits[last] + 1 &&
-               memberOf(field, bits[last + 1]).is_number())
-            ++last;
+        while (last + 1 < bits.size() && bits[last + 1] == bits[last] + 1 && !hasName(field, bits[last + 1])) ++last;
         if (last - i < 2) last = i;
         add(member.dump() + (last == i ? "" : "-" + memberOf(field, bits[last]).dump()));
         i = last + 1;
@@ -170,20 +186,7 @@ std::optional<std::string> wordOf(const Field &field, std::int64_t number) {
     return std::nullopt;
 }
 
-Json memberOf(const Field &field, unsigned bit) {
-    switch (field.members) {
-    case Members::ports:
-        if (bit == cpuPort) return "cpu";
-        return bit + 1;
-    case Members::named:
-        for (const Word &word : field.words)
-            if (word.code == bit) return word.word;
-        break;
-    case Members::bits:
-    case Members::vlans: break;
-    }
-    return bit;
-}
+bool hasName(const Field &field, unsigned bit) { return memberOf(field, bit).is_string(); }
 
 std::string displayOf(const Leaf &leaf, const void *record) {
     const Field &field = leaf.field();

@@ -3,7 +3,7 @@
 
 #include "inspect/fields.h"
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 
 #include <cstdint>
 #include <optional>
@@ -36,8 +36,8 @@ std::int64_t numberOf(const Field &field, const unsigned char *bytes);
 /// The word of a code or special number, or of a flag; nothing where it has none. A port that is counted from 0 has its
 /// name as the word.
 std::optional<std::string> wordOf(const Field &field, std::int64_t number);
-/// The member that a bit stands for: a name, or a number that no name stands for.
-Json memberOf(const Field &field, unsigned bit);
+/// Whether a name stands for a bit, and not its number.
+bool hasName(const Field &field, unsigned bit);
 
 /// As people read it: `3 automatic`, `1-4,cpu`, `"text"`. Nothing in it is a control character.
 std::string displayOf(const Leaf &leaf, const void *record);

@@ -13,6 +13,8 @@
 #include "inspect/show.h"
 #include "platform/host/factory.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <cstring>
 #include <filesystem>

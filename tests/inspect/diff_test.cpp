@@ -7,6 +7,8 @@
 #include "inspect/values.h"
 #include "platform/mapi.h"
 
+#include <nlohmann/json.hpp>
+
 #include <cstring>
 #include <map>
 #include <memory>

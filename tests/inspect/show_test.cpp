@@ -2,6 +2,7 @@
 #include "inspect/show.h"
 
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 namespace {
 

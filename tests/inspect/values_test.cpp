@@ -4,6 +4,7 @@
 #include "platform/host/factory.h"
 
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 #include <cstring>
 #include <memory>
