@@ -85,8 +85,11 @@ bool reads(const order::Call &call, std::size_t offset, std::size_t size) {
     if (overlap(offset, size, call.argument.offset, call.argument.size)) return true;
     for (const order::Read &read : call.declaredReads()) {
         if (read.from != order::Read::From::current && read.from != order::Read::From::bothImages) continue;
-        for (std::size_t entry = 0; entry < read.count; ++entry)
-            if (overlap(offset, size, read.offset + entry * read.stride, read.size)) return true;
+        // Of the entries that begin before the end of these bytes, the last reaches furthest.
+        if (read.offset >= offset + size) continue;
+        std::size_t last = read.count - 1;
+        if (last != 0) last = std::min(last, (offset + size - 1 - read.offset) / read.stride);
+        if (overlap(offset, size, read.offset + last * read.stride, read.size)) return true;
     }
     return false;
 }
