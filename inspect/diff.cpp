@@ -1,6 +1,7 @@
 #include "inspect/diff.h"
 
 #include "app/order.h"
+#include "inspect/engine.h"
 #include "inspect/mask.h"
 #include "inspect/render.h"
 #include "inspect/show.h"
@@ -76,24 +77,6 @@ void compare(Pair &pair) {
     });
 }
 
-bool overlap(std::size_t offset, std::size_t size, std::size_t otherOffset, std::size_t otherSize) {
-    return offset < otherOffset + otherSize && otherOffset < offset + size;
-}
-
-/// Whether a step reads any of these bytes of the current image.
-bool reads(const order::Call &call, std::size_t offset, std::size_t size) {
-    if (overlap(offset, size, call.argument.offset, call.argument.size)) return true;
-    for (const order::Read &read : call.declaredReads()) {
-        if (read.from != order::Read::From::current && read.from != order::Read::From::bothImages) continue;
-        // Of the entries that begin before the end of these bytes, the last reaches furthest.
-        if (read.offset >= offset + size) continue;
-        std::size_t last = read.count - 1;
-        if (last != 0) last = std::min(last, (offset + size - 1 - read.offset) / read.stride);
-        if (overlap(offset, size, read.offset + last * read.stride, read.size)) return true;
-    }
-    return false;
-}
-
 /// Lines that cannot be made any more are others too.
 bool isOther(Renderer &renderer, const order::Call &call, const std::string &lines) {
     try {
@@ -111,10 +94,10 @@ void findUnexpressed(Pair &pair, Renderer &renderer) {
         unsigned char *const bytes = reinterpret_cast<unsigned char *>(&renderer.current()) + difference.offset;
         std::memcpy(bytes, bytesIn(pair.old, difference.offset), difference.size);
         bool changes = false;
-        for (std::size_t i = 0; i < all.size() && !changes; ++i) {
-            const order::Call &call = order::steps[i].delta;
-            changes = call && reads(call, difference.offset, difference.size) && isOther(renderer, call, all[i]);
-        }
+        // The stage before the first step is the header.
+        for (std::size_t i = 0; i < all.size() && !changes; ++i)
+            changes = reads(Mode::delta, i + 1, Origin::current, difference.offset, difference.size) &&
+                      isOther(renderer, order::steps[i].delta, all[i]);
         difference.changesLines = changes;
         std::memcpy(bytes, bytesIn(pair.now, difference.offset), difference.size);
     }
